@@ -1,0 +1,58 @@
+// A click that ends with a whole computer turn, through the game window's own events: the cost a
+// player waits for between releasing the mouse and seeing the computer's answer.
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+#include <random>
+
+#include "ui/model/game_model.h"
+
+namespace {
+
+class QuietPlatform : public bq::Platform {
+ public:
+  float Uniform() override { return static_cast<float>(gen_() >> 8) * 0x1p-24f; }
+  void PlayClick() override {}
+  void Open(const std::string&) override {}
+  void MessageBox(const std::string&) override {}
+  int ScreenWidthPixels() override { return 1920; }
+  void WindowOpened(const std::string&) override {}
+  void WindowClosed(const std::string&) override {}
+  void Warn(const std::string&) override {}
+
+ private:
+  std::mt19937 gen_{7};
+};
+
+bool Up(const bq::GameModel& m, const char* name) {
+  const bq::Control* c = m.Find(name);
+  return c->visible && c->enabled;
+}
+
+// Fast Mode: looking at the Draw Pile and clicking the Discard Pile is a pass, which hands the
+// turn to the computer inside the same click.
+void BM_PassAndComputerTurn(benchmark::State& state) {
+  QuietPlatform platform;
+  const auto path = std::filesystem::temp_directory_path() / "bq-bench-model.ini";
+  bq::GameModel model(platform, path.string());
+  model.Load();
+  model.Click("optFastModeOn");
+  if (state.range(0) == 20) model.Click("chkStackem");
+  model.Click("cmdNew");
+  for (auto _ : state) {
+    state.PauseTiming();
+    if (model.state().turn_result != bq::kUndecided) {
+      for (const char* b : {"cmdAWins", "cmdCWins", "cmdBothWin"})
+        if (Up(model, b)) model.Click(b);
+      model.Click("cmdNew");
+    }
+    state.ResumeTiming();
+    model.Click("lblDrawPile");
+    model.Click("lblDiscardPile");
+    if (Up(model, "cmdCTakesNothing")) model.Click("cmdCTakesNothing");
+  }
+  std::filesystem::remove(path);
+}
+BENCHMARK(BM_PassAndComputerTurn)->Arg(10)->Arg(20)->Unit(benchmark::kMicrosecond);
+
+}  // namespace

@@ -1,0 +1,191 @@
+#include "ai/judgement.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+namespace bq::ai {
+
+namespace {
+
+constexpr int kDeckSize = 100;
+
+}  // namespace
+
+int RoundHalfEven(double x) {
+  double whole = std::floor(x);
+  const double frac = x - whole;
+  if (frac > 0.5 || (frac == 0.5 && std::fmod(whole, 2.0) != 0.0)) whole += 1.0;
+  return static_cast<int>(whole);
+}
+
+void Judgement::SetStack(int stack_size, const int* cards) {
+  n = std::clamp(stack_size, 1, kMaxSlots);
+  slot_span = kDeckSize / n;
+  b.fill(0);
+  for (int i = 1; i <= n; ++i) b[i] = cards[i];
+  b[n + 1] = kDeckSize + 1;
+}
+
+void Judgement::ClearMarks() {
+  m.fill('0');
+  m[0] = '1';
+  m[n + 1] = '1';
+  settled_count = 0;
+  reversed_count = 0;
+}
+
+void Judgement::ResetRanges() {
+  high[0] = 0;
+  low[n + 1] = kDeckSize + 1;
+  for (int i = 1; i <= n; ++i) {
+    low[i] = high[i - 1] + 1;
+    high[i] = i * slot_span;
+    mid[i] = (low[i] + high[i]) / 2.0;
+  }
+}
+
+void Judgement::MarkingPass() {
+  for (int i = 1; i <= n; ++i) {
+    if (low[i] <= b[i] && b[i] <= high[i] && m[i] != '1') {
+      m[i] = '1';
+      ++settled_count;
+    }
+  }
+  // A pair already marked 'R' is counted again on every pass; the counts are totals of marks
+  // given, and the loop in UpdateJudgement relies on that.
+  for (int i = 0; i <= n - 2; ++i) {
+    if (m[i] == '1' && m[i + 3] == '1' && b[i] < b[i + 2] && b[i + 2] < b[i + 1] &&
+        b[i + 1] < b[i + 3] && b[i + 2] - b[i] > 1 && b[i + 3] - b[i + 1] > 1) {
+      m[i + 1] = 'R';
+      m[i + 2] = 'R';
+      reversed_count += 2;
+    }
+  }
+  const auto mark_neighbours = [this](int i) {
+    m[i + 1] = 'R';
+    m[i + 2] = 'R';
+    reversed_count += 2;
+    --settled_count;
+  };
+  for (int i = 0; i <= n - 2; ++i) {
+    if (m[i] == '0' && m[i + 3] == '1' && (m[i + 1] == '1' || m[i + 2] == '1') &&
+        b[i + 1] - b[i + 2] == 1 && b[i + 3] - b[i + 1] > 1) {
+      mark_neighbours(i);
+    }
+  }
+  // The distance test against b[i + 3] is the same as above even though slot i + 3 is the
+  // unsettled one here; changing it would change which pairs the computer sees.
+  for (int i = 0; i <= n - 2; ++i) {
+    if (m[i] == '1' && m[i + 3] == '0' && (m[i + 1] == '1' || m[i + 2] == '1') &&
+        b[i + 1] - b[i + 2] == 1 && b[i + 3] - b[i + 1] > 1) {
+      mark_neighbours(i);
+    }
+  }
+}
+
+void Judgement::RangePass() {
+  if (settled_count < 1) return;
+  low[1] = 1;
+  high[n] = kDeckSize;
+  if (n >= 2) {
+    if (m[1] == '1') low[2] = b[1] + 1;
+    for (int i = 2; i <= n - 1; ++i) {
+      if (m[i] == '1') {
+        high[i - 1] = b[i] - 1;
+        low[i + 1] = b[i] + 1;
+      }
+    }
+    if (m[n] == '1') high[n - 1] = b[n] - 1;
+  }
+
+  // Run bounds. Slots 1 and n count only as the virtual bounds 0 and n + 1, and only when
+  // unsettled; 'R' slots are never bounds.
+  std::array<int, kMaxSlots + 2> p{};
+  int count = 0;
+  if (m[1] == '0') p[++count] = 0;
+  for (int i = 2; i <= n - 1; ++i) {
+    if (m[i] == '1') p[++count] = i;
+  }
+  if (m[n] == '0') p[++count] = n + 1;
+
+  for (int s = 1; s < count; ++s) {
+    const int a = p[s] + 1;
+    const int end = p[s + 1];
+    const int k = end - a;
+    if (k <= 1) continue;
+    const int first_low = low[a];
+    // Single precision on purpose: the shares round differently in double.
+    const float w = static_cast<float>(high[end - 1] - first_low - k + 1) / static_cast<float>(k);
+    for (int j = a; j < end; ++j) {
+      const float top = static_cast<float>(first_low) + static_cast<float>(j - a + 1) * w +
+                        static_cast<float>(j - a);
+      high[j] = RoundHalfEven(top);
+      if (j > a) low[j] = high[j - 1] + 1;
+    }
+  }
+
+  for (int i = 1; i <= n - 1; ++i) {
+    if (m[i] == 'R' && m[i + 1] == 'R') {
+      high[i] = b[i + 1] - 1;
+      low[i + 1] = b[i] + 1;
+    }
+  }
+  for (int i = 1; i <= n; ++i) mid[i] = (low[i] + high[i]) / 2.0;
+}
+
+void Judgement::UpdateJudgement() {
+  int noted_settled = settled_count;
+  int noted_reversed = reversed_count;
+  MarkingPass();
+  RangePass();
+  if (settled_count == 0 && reversed_count == 0) return;
+  for (int round = 1; round <= n; ++round) {
+    if (settled_count == noted_settled && reversed_count == noted_reversed) return;
+    noted_settled = settled_count;
+    noted_reversed = reversed_count;
+    const auto marks_before = m;
+    const auto low_before = low;
+    const auto high_before = high;
+    MarkingPass();
+    RangePass();
+    if (m == marks_before && low == low_before && high == high_before) {
+      // A fixed point: every remaining round would only count the standing 'R' pairs again,
+      // so add those counts at once. This keeps the opening search fast.
+      const int rounds_left = n - round;
+      settled_count += (settled_count - noted_settled) * rounds_left;
+      reversed_count += (reversed_count - noted_reversed) * rounds_left;
+      return;
+    }
+  }
+}
+
+double Judgement::Score() const {
+  double sum = 0;
+  for (int i = 1; i <= n; ++i) {
+    const double d = b[i] - mid[i];
+    sum += d * d;
+  }
+  return sum;
+}
+
+std::string Judgement::ToString() const {
+  std::string out;
+  char line[96];
+  std::snprintf(line, sizeof line, "n=%d span=%d settled=%d reversed=%d\n", n, slot_span,
+                settled_count, reversed_count);
+  out += line;
+  for (int i = 0; i <= n + 1; ++i) {
+    const char mark = m[i] == 0 ? '?' : m[i];
+    if (i == 0 || i == n + 1) {
+      std::snprintf(line, sizeof line, "  [%2d] %3d %c\n", i, b[i], mark);
+    } else {
+      std::snprintf(line, sizeof line, "  [%2d] %3d %c  %4d..%-4d mid %.1f\n", i, b[i], mark,
+                    low[i], high[i], mid[i]);
+    }
+    out += line;
+  }
+  return out;
+}
+
+}  // namespace bq::ai

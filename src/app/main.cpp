@@ -1,0 +1,84 @@
+#include <QApplication>
+#include <QDir>
+#include <QIcon>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "app/driver.h"
+#include "ui/model/app_model.h"
+#include "ui/qt/app_paths.h"
+#include "ui/qt/command_line.h"
+#include "ui/qt/front_end.h"
+#include "ui/qt/qt_platform.h"
+
+#ifndef BQ_VERSION
+#define BQ_VERSION "0.0.0"
+#endif
+
+namespace {
+
+bool HasDisplay() {
+  for (const char* var : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+    const char* value = std::getenv(var);
+    if (value != nullptr && *value != '\0') return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  using namespace bq::qt;
+  // Everything up to the display check runs without QApplication, which aborts with no display.
+  const CommandLine cl = ParseCommandLine(std::vector<std::string>(argv + 1, argv + argc));
+  if (!cl.error.empty()) {
+    std::cerr << "bramblequay: " << cl.error << " (see --help)\n";
+    return 2;
+  }
+  if (cl.help) {
+    std::cout << UsageText();
+    return 0;
+  }
+  if (cl.version) {
+    std::cout << "bramblequay " << BQ_VERSION << '\n';
+    return 0;
+  }
+  const QString exe_dir = ExecutableDir();
+  const std::string settings =
+      ResolveSettingsPath(QString::fromStdString(cl.settings), exe_dir, UserConfigDir())
+          .toStdString();
+  if (cl.headless) {
+    bq::DriverOptions options;
+    options.settings_path = settings;
+    options.seed = cl.seed;
+    if (cl.screen_width) options.screen_width = *cl.screen_width;
+    return bq::RunHeadless(std::cin, std::cout, options);
+  }
+  if (!HasDisplay()) {
+    std::cerr << "bramblequay: no display found; run with --headless, or under a virtual display "
+                 "(xvfb-run make run)\n";
+    return 1;
+  }
+
+  QApplication app(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("Bramblequay"));
+  QApplication::setApplicationVersion(QStringLiteral(BQ_VERSION));
+  const QString data_dir = DataDir(exe_dir);
+  QApplication::setWindowIcon(QIcon(QDir(data_dir).filePath(QStringLiteral("bramblequay.png"))));
+  // The model's exit sequence decides when the program ends, not the last window closing.
+  QApplication::setQuitOnLastWindowClosed(false);
+
+  QtPlatform platform({cl.seed, cl.screen_width, data_dir});
+  bq::AppModel model(platform, settings);
+  FrontEnd front(model);
+  platform.set_host(&front);
+  QObject::connect(&front, &FrontEnd::exited, &app, &QCoreApplication::quit,
+                   Qt::QueuedConnection);
+  front.Start();
+  if (front.finished()) return 0;
+  const int code = QApplication::exec();
+  platform.set_host(nullptr);
+  return code;
+}

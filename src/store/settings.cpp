@@ -1,0 +1,108 @@
+#include "store/settings.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <string_view>
+#include <utility>
+
+#include "store/profile.h"
+
+namespace bq {
+namespace {
+
+constexpr std::string_view kPosition = "WindowPosition";
+constexpr std::string_view kOptions = "Options";
+constexpr std::array<std::string_view, 3> kStatsSections = {"", "StatsVsComputer", "StatsVsHumans"};
+
+constexpr std::array<std::pair<std::string_view, int StoredOptions::*>, 9> kOptionKeys = {{
+    {"SetStackem", &StoredOptions::stackem},
+    {"SetBackem", &StoredOptions::backem},
+    {"SetSwitchem", &StoredOptions::switchem},
+    {"SetSmackem", &StoredOptions::smackem},
+    {"SetTakem", &StoredOptions::takem},
+    {"SetRandom", &StoredOptions::random},
+    {"SetOpponent", &StoredOptions::opponent},
+    {"SetFastMode", &StoredOptions::fast_mode},
+    {"SetLearnMode", &StoredOptions::learn_mode},
+}};
+
+// The 28 keys of a statistics section with their fields, in the file's order.
+template <typename Stats, typename Visit>
+void ForEachStat(Stats& stats, Visit visit) {
+  for (size_t i = 1; i <= 8; ++i) visit("Wins" + std::to_string(i), stats.wins[i]);
+  for (size_t i = 1; i <= 8; ++i) visit("Losses" + std::to_string(i), stats.losses[i]);
+  for (size_t i = 1; i <= 8; ++i) visit("Ties" + std::to_string(i), stats.ties[i]);
+  visit("LastWinner", stats.last_winner);
+  visit("WStreak", stats.w_streak);
+  visit("LStreak", stats.l_streak);
+  visit("TStreak", stats.t_streak);
+}
+
+// Counters and options are 16-bit wide in the game; a hand-edited giant is taken as the limit.
+int ReadShort(const Profile& profile, std::string_view section, std::string_view key,
+              int fallback) {
+  return std::clamp(profile.GetInt(section, key, fallback), -32768, 32767);
+}
+
+// "1200", or "1200.5" when there is a fraction: never an exponent, which would read back as 1.
+std::string PositionText(float twips) {
+  if (!std::isfinite(twips) || twips == 0) return "0";
+  char buf[64];
+  const auto result = std::to_chars(buf, buf + sizeof buf, twips, std::chars_format::fixed);
+  if (result.ec != std::errc()) return "0";
+  return std::string(buf, result.ptr);
+}
+
+void PutStatistics(Profile& profile, const std::array<GameStats, 3>& stats) {
+  for (int kind : {kVsComputer, kVsHumans}) {
+    ForEachStat(stats[static_cast<size_t>(kind)], [&](const std::string& key, int value) {
+      profile.SetString(kStatsSections[static_cast<size_t>(kind)], key, std::to_string(value));
+    });
+  }
+}
+
+}  // namespace
+
+Settings LoadSettings(const std::string& path) {
+  Profile profile;
+  profile.Read(path);  // an unreadable file reads like a missing one
+
+  Settings settings;
+  // The position is a float in twips, not a 16-bit counter: large screens go past 32767.
+  settings.left = static_cast<float>(profile.GetInt(kPosition, "Left", 0));
+  settings.top = static_cast<float>(profile.GetInt(kPosition, "Top", 0));
+  for (const auto& [key, field] : kOptionKeys)
+    settings.options.*field = ReadShort(profile, kOptions, key, settings.options.*field);
+  for (int kind : {kVsComputer, kVsHumans}) {
+    ForEachStat(settings.stats[static_cast<size_t>(kind)], [&](const std::string& key, int& value) {
+      value = ReadShort(profile, kStatsSections[static_cast<size_t>(kind)], key, 0);
+    });
+  }
+  return settings;
+}
+
+bool SaveSettings(const std::string& path, const Settings& settings) {
+  Profile profile;
+  if (!profile.Read(path)) return false;
+
+  profile.SetString(kPosition, "Left", PositionText(settings.left));
+  profile.SetString(kPosition, "Top", PositionText(settings.top));
+  // Options that Random drew are never remembered, only that Random is on.
+  StoredOptions options = settings.options;
+  if (options.random == 1)
+    options.stackem = options.backem = options.switchem = options.smackem = options.takem = 0;
+  for (const auto& [key, field] : kOptionKeys)
+    profile.SetString(kOptions, key, std::to_string(options.*field));
+  PutStatistics(profile, settings.stats);
+  return profile.Write(path);
+}
+
+bool SaveStatistics(const std::string& path, const std::array<GameStats, 3>& stats) {
+  Profile profile;
+  if (!profile.Read(path)) return false;
+  PutStatistics(profile, stats);
+  return profile.Write(path);
+}
+
+}  // namespace bq

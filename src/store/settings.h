@@ -1,0 +1,56 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+namespace bq {
+
+// Results against one kind of opponent. Index 1..7 are the option rows, 8 the record run.
+struct GameStats {
+  std::array<int, 9> wins{};
+  std::array<int, 9> losses{};
+  std::array<int, 9> ties{};
+  int last_winner = 0;  // 0 none, 1 player, 2 opponent, 3 tie
+  int w_streak = 0;
+  int l_streak = 0;
+  int t_streak = 0;
+  bool operator==(const GameStats&) const = default;
+};
+
+inline constexpr int kVsComputer = 1;
+inline constexpr int kVsHumans = 2;
+
+// The nine play settings in the file's order; 1 means on (opponent 1 means the computer).
+struct StoredOptions {
+  int stackem = 0;
+  int backem = 0;
+  int switchem = 0;
+  int smackem = 0;
+  int takem = 0;
+  int random = 0;
+  int opponent = 1;
+  int fast_mode = 2;
+  int learn_mode = 2;
+  bool operator==(const StoredOptions&) const = default;
+};
+
+struct Settings {
+  float left = 0;  // twips
+  float top = 0;
+  StoredOptions options;
+  std::array<GameStats, 3> stats{};  // [kVsComputer], [kVsHumans]; [0] unused
+};
+
+// Reads all 67 keys; anything missing or unreadable takes its default, options and counters are
+// clamped to -32768..32767 (the position is not: it may lie past 32767 twips). Never fails.
+Settings LoadSettings(const std::string& path);
+
+// Writes all 67 keys in their order, keeping every other line of the file. With Random on the
+// five options it drew are written as 0. The file is replaced atomically. False when it could not
+// be written.
+bool SaveSettings(const std::string& path, const Settings& settings);
+
+// Writes only the two statistics sections (56 keys), leaving everything else in the file.
+bool SaveStatistics(const std::string& path, const std::array<GameStats, 3>& stats);
+
+}  // namespace bq

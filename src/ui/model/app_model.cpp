@@ -1,0 +1,103 @@
+#include "ui/model/app_model.h"
+
+#include "ui/model/stats_model.h"
+
+namespace bq {
+
+AppModel::AppModel(Platform& platform, std::string settings_path)
+    : platform_(platform),
+      game_(platform, std::move(settings_path)),
+      stats_(std::make_unique<StatsModel>(platform)) {}
+
+AppModel::~AppModel() = default;
+
+void AppModel::Load() { game_.Load(); }
+
+ConfirmClearModel& AppModel::confirm() { return stats_->Confirm(); }
+
+WindowModel* AppModel::Window(std::string_view name) {
+  if (name == "frmGame") return &game_;
+  if (name == "frmStats") return stats_.get();
+  if (name == "frmConfirmClearStats") return &stats_->Confirm();
+  return nullptr;
+}
+
+bool AppModel::IsOpen(std::string_view window) const {
+  if (window == "frmGame") return !game_.exited();
+  if (window == "frmStats") return stats_->IsOpen();
+  if (window == "frmConfirmClearStats") return stats_->Confirm().IsOpen();
+  return false;
+}
+
+std::pair<std::string_view, std::string_view> AppModel::Split(std::string_view full_name) {
+  const auto dot = full_name.find('.');
+  // Status bar panels ("StatusBar1.Panel(2)") belong to the game window.
+  if (dot == std::string_view::npos || full_name.substr(0, 3) != "frm")
+    return {"frmGame", full_name};
+  return {full_name.substr(0, dot), full_name.substr(dot + 1)};
+}
+
+Control* AppModel::Find(std::string_view full_name) {
+  const auto [window, control] = Split(full_name);
+  WindowModel* w = Window(window);
+  return w ? w->Find(control) : nullptr;
+}
+
+bool AppModel::Modal() const { return stats_->Confirm().IsOpen(); }
+
+AppModel::Result AppModel::Click(std::string_view full_name) {
+  const auto [window, name] = Split(full_name);
+  const Control* c = Find(full_name);
+  if (c == nullptr) return Result::kUnknown;
+  if (!IsOpen(window) || !c->visible || !c->enabled) return Result::kIgnored;
+  if (Modal() && window != "frmConfirmClearStats") return Result::kIgnored;
+  bool done = false;
+  if (window == "frmGame") {
+    done = game_.Click(name);
+    AfterGameEvent();
+  } else if (window == "frmStats") {
+    done = stats_->Click(name);
+  } else {
+    done = stats_->Confirm().Click(name);
+  }
+  return done ? Result::kDone : Result::kIgnored;
+}
+
+AppModel::Result AppModel::RightClick(std::string_view full_name) {
+  const auto [window, name] = Split(full_name);
+  if (window != "frmGame") return Find(full_name) ? Result::kIgnored : Result::kUnknown;
+  if (name != "background" && game_.Find(name) == nullptr) return Result::kUnknown;
+  if (Modal()) return Result::kIgnored;
+  return game_.RightClick(name) ? Result::kDone : Result::kIgnored;
+}
+
+AppModel::Result AppModel::ClickBackground(bool ctrl_alt) {
+  if (Modal()) return Result::kIgnored;
+  return game_.ClickBackground(ctrl_alt) ? Result::kDone : Result::kIgnored;
+}
+
+AppModel::Result AppModel::Close(std::string_view window) {
+  if (Window(window) == nullptr) return Result::kUnknown;
+  if (!IsOpen(window)) return Result::kIgnored;
+  if (window == "frmConfirmClearStats") return stats_->Confirm().Close() ? Result::kDone
+                                                                          : Result::kIgnored;
+  if (window == "frmStats") {
+    if (Modal()) return Result::kIgnored;
+    return stats_->Close() ? Result::kDone : Result::kIgnored;
+  }
+  // The game window: every other window goes with it.
+  if (Modal()) stats_->Confirm().Close();
+  if (stats_->IsOpen()) stats_->Close();
+  game_.Exit();
+  return Result::kDone;
+}
+
+void AppModel::AfterGameEvent() {
+  if (game_.TakeStatsRequest()) stats_->Open(game_.settings_path(), game_.vs_computer());
+  if (game_.exited()) {
+    if (Modal()) stats_->Confirm().Close();
+    if (stats_->IsOpen()) stats_->Close();
+  }
+}
+
+}  // namespace bq

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "ui/model/game_model.h"
+#include "ui/model/platform.h"
+
+namespace bq {
+
+class StatsModel;
+class ConfirmClearModel;
+
+// Every window of the program and the routing of events between them. Control names are those
+// of the game window ("cmdNew", "lblCardA(3)") or carry their window's name and a dot
+// ("frmStats.cmdClearStats").
+class AppModel {
+ public:
+  enum class Result { kDone, kIgnored, kUnknown };
+
+  AppModel(Platform& platform, std::string settings_path);
+  ~AppModel();
+
+  void Load();  // the game window's loading
+
+  GameModel& game() { return game_; }
+  const GameModel& game() const { return game_; }
+  StatsModel& stats() { return *stats_; }
+  ConfirmClearModel& confirm();
+
+  // "frmGame", "frmStats", "frmConfirmClearStats"; nullptr for an unknown window.
+  WindowModel* Window(std::string_view name);
+  bool IsOpen(std::string_view window) const;
+  // Splits "frmStats.cmdYes" into its window and control; a plain name is the game window's.
+  static std::pair<std::string_view, std::string_view> Split(std::string_view full_name);
+  // The control by full name, or nullptr.
+  Control* Find(std::string_view full_name);
+
+  Result Click(std::string_view full_name);
+  Result RightClick(std::string_view full_name);
+  Result ClickBackground(bool ctrl_alt);
+  // Closes a window by its frame; closing frmGame runs the exit sequence.
+  Result Close(std::string_view window);
+  bool exited() const { return game_.exited(); }
+
+ private:
+  void AfterGameEvent();
+  bool Modal() const;  // the confirmation dialog holds every other window
+
+  Platform& platform_;
+  GameModel game_;
+  std::unique_ptr<StatsModel> stats_;
+};
+
+}  // namespace bq

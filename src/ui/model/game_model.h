@@ -1,0 +1,238 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "ai/judgement.h"
+#include "engine/game_state.h"
+#include "store/settings.h"
+#include "store/statistics.h"
+#include "ui/model/control.h"
+#include "ui/model/platform.h"
+
+namespace bq {
+
+using SlotControls = std::array<Control, kMaxStackSize + 1>;  // [1..20]
+
+// The game window: the cards, the rules of a turn and every control that shows them. All
+// behaviour is here, driven by named events; the Qt window and the headless driver only draw it
+// and forward clicks.
+class GameModel : public WindowModel {
+ public:
+  GameModel(Platform& platform, std::string settings_path);
+
+  // The window's loading: settings, the narrow-screen rule, the game data, the option setters.
+  void Load();
+
+  // Events. Each returns false when the control did not react (hidden, disabled, unknown, or a
+  // click that does not belong to the turn).
+  bool Click(std::string_view name);
+  bool RightClick(std::string_view name);
+  bool ClickBackground(bool ctrl_alt);
+  // The window's frame was closed, or Exit chosen: runs the exit sequence.
+  void Exit();
+
+  bool exited() const { return exited_; }
+  // Set by the statistics menu commands; the application opens the window and clears it.
+  bool TakeStatsRequest();
+
+  // Game values by the driver's names; nullopt for an unknown field.
+  std::optional<std::string> GetField(std::string_view field) const;
+  // Sets game values between two events (for tests and puzzles). Returns an error text or "".
+  std::string SetField(std::string_view field, std::string_view values);
+
+  const GameState& state() const { return g_; }
+  const ai::Judgement& judgement() const { return judge_; }
+  const std::string& settings_path() const { return settings_path_; }
+  bool learn_mode() const { return learn_mode_; }
+  bool fast_mode() const { return fast_mode_; }
+  bool vs_computer() const { return vs_computer_; }
+  bool judgement_shown() const { return judgement_shown_; }
+  bool game_running() const { return game_running_; }
+  float window_left() const { return window_left_; }
+  float window_top() const { return window_top_; }
+  void set_window_position(float left_twips, float top_twips) {
+    window_left_ = left_twips;
+    window_top_ = top_twips;
+  }
+  int card_popup_slot() const { return popup_slot_; }
+
+  // The opponent's special moves arriving from the network: shown and held until the player
+  // acknowledges them with cmdSmackemB or cmdTakemB. Positions are brought into 1..StackSize.
+  void AnnounceSmackemB(int pos1, int pos2);
+  void AnnounceTakemB(int sender_pos, int receiver_pos);
+
+  // Controls, named as the game's design names them.
+  Control lblStackA, lblStackB, lblDraw, lblDrawPile, lblDiscard, lblDiscardPile;
+  Control lblMoveCount, lblMoveCountA, lblMoveCountB;
+  SlotControls lblCardA, lblCardB, lblRangeA, lblRangeB, lblGoodBad;
+  Control frmPlayOptions, frmOpponent, frmFastMode, frmLearnMode;
+  Control chkStackem, chkBackem, chkSwitchem, chkSmackem, chkTakem, chkRandom;
+  Control optVsComputer, optVsHuman, cmdSetupRemoteOpponent;
+  Control optFastModeOn, optFastModeOff, optLearnModeOn, optLearnModeOff;
+  Control cmdNew, cmdQuit, cmdSetupTakemA, cmdSetupTakemB, cmdSetupSmackemA, cmdSetupSmackemB;
+  Control cmdPlayA, cmdPlayB, cmdAWins, cmdBWins, cmdCWins, cmdBothWin;
+  Control cmdCTakesDiscard, cmdCTakesDraw, cmdCTakesNothing, cmdBackemC;
+  Control cmdSwitchemA, cmdSwitchemB, cmdSwitchemC, cmdSmackemA, cmdSmackemB, cmdSmackemC;
+  Control cmdTakemA, cmdTakemB, cmdTakemC;
+  Control mnuFile, mnuFileNewGame, mnuFileQuitGame, mnuFileExit;
+  Control mnuOptions, mnuOptionsStackem, mnuOptionsBackem, mnuOptionsSwitchem, mnuOptionsSmackem,
+      mnuOptionsTakem, mnuOptionsRandom, mnuVsComputer, mnuVsHuman, mnuSetupRemoteOpponent,
+      mnuFastModeOn, mnuFastModeOff, mnuLearnModeOn, mnuLearnModeOff;
+  Control mnuStats, mnuHelp, mnuHelpHowToPlay, mnuHelpAbout;
+  Control mnuPopupFileNewGame, mnuPopupFileQuitGame, mnuPopupFileExit, mnuPopupStats,
+      mnuPopupHelpHowToPlay, mnuPopupHelpAbout;
+  Control mnuPopupCardDiscard, mnuPopupCardDraw;
+  std::array<Control, 5> StatusBar1;  // panels 1..4
+
+ private:
+  enum class Selecting { kNone, kSwitchemA, kSmackemA, kTakemA };
+  enum class Pending { kNone, kDiscard, kDraw, kNothing, kTakem, kSmackem, kSwitchem, kBackem };
+
+  void RegisterControls();
+  Control& OptionBox(Option o);
+  Control& OptionMenu(Option o);
+  std::array<bool, 5> CheckedOptions() const;
+  bool Checked(Option o) const { return const_cast<GameModel*>(this)->OptionBox(o).value == 1; }
+  bool Backem() const { return Checked(kBackem); }
+  int N() const { return g_.stack_size; }
+  void Show(Control& c, bool visible, bool enabled) {
+    c.visible = visible;
+    c.enabled = visible && enabled;
+  }
+  void Prompt(Control& c);  // shown, enabled, focused
+  void Hide(Control& c) { Show(c, false, false); }
+  void ShowCardA(int slot);
+  void ShowCardB(int slot);  // the label at the slot's display position
+  void RefreshMoveCounts();
+
+  // Start-up and options (game_setup.cpp).
+  void InitGameData();
+  void ApplyStoredOptions(const StoredOptions& o);
+  void SetOptionChecked(Option o, bool checked);  // box + menu, then the setter
+  void RunOptionSetter(Option o);
+  void SetRandomChecked(bool checked);
+  void SetRandom();
+  void SetVsComputer();
+  void SetVsHuman();
+  void SetFastMode(bool on);
+  void SetLearnMode(bool on);
+  void ToggleOpponent();
+  void ToggleFastMode();
+  void ToggleLearnMode();
+  void RefreshSlotVisibility();
+  void RefreshRangeLabels();
+  void ResetComputerJudgement();  // marks "0", counts 0, base ranges, brought up to date
+
+  // A game's life (game_setup.cpp).
+  void NewGame();
+  void LockControlsForGame();
+  void ShowDeal();
+  void EndIfDecided();
+  void Ending(Outcome outcome, Control& button);
+  void RevealBoard();
+  void RecordResult(Outcome outcome);
+  void QuitGame();
+  Settings CurrentSettings(Settings base) const;
+  void SaveOrWarn(const Settings& s);
+
+  // The ordinary turn (game_turn.cpp).
+  void StartOfPlay();
+  void StartTurnA();
+  void StartTurnB();
+  void OfferSetupButtons();
+  bool ClickDiscardPile();
+  bool ClickDrawPile();
+  bool ClickCardA(int slot);
+  bool ClickCardB(int pos);
+  bool CardPopup(bool discard);
+  void MoveReady();
+  void CompleteMoveA();
+  void EndOfMoveB();
+  void UnmarkCardsA();
+  int MarkedCount(const SlotControls& labels) const;
+  void AdvanceDrawPile();
+
+  // The computer's turn (game_computer.cpp).
+  void StartComputerTurn();
+  void OrdinaryComputerTurn();
+  void ComputerDrawStep();
+  void CompleteComputerDiscard();
+  void CompleteComputerDraw();
+  void CompleteComputerNothing();
+  bool ComputerTakemDecision();
+  bool ComputerSmackemDecision();
+  void ApplyComputerTakem();
+  void ApplyComputerSmackem();
+  void ComputerDirectionChoice();
+  void ApplyComputerReversal();
+  void ComputerSwitchemChoice();
+  void ApplyComputerSwitchem();
+  void SyncJudgement();
+  void RefreshGoodBad();
+
+  // Special moves of side A and the receiving side (game_special.cpp).
+  void StartSwitchemA();
+  void CompleteSwitchemA();
+  void SetupSmackemA();
+  void SetupTakemA();
+  void CancelSelection();
+  void CompleteSmackemA();
+  void CompleteTakemA();
+  void ApplySmackemB();
+  void ApplyTakemB();
+
+  // Learn Mode display.
+  void ToggleJudgementDisplay();
+
+  Platform& platform_;
+  std::string settings_path_;
+  GameState g_;
+  ai::Judgement judge_;
+  Settings loaded_;  // what the file held at the last load
+
+  bool vs_computer_ = true;
+  bool is_dealer_ = true;
+  bool opponent_setup_ = false;
+  bool remote_connected_ = false;
+  bool invitation_accepted_ = false;
+  std::string opponent_name_;
+  bool fast_mode_ = false;
+  bool learn_mode_ = false;
+  bool saved_fast_mode_ = false;
+  bool saved_learn_mode_ = false;
+  bool judgement_shown_ = false;
+  bool stackem_unavailable_ = false;
+  bool random_game_ = false;
+  std::array<bool, 5> random_picks_{};
+  float window_left_ = 0;
+  float window_top_ = 0;
+
+  bool game_running_ = false;
+  bool game_over_ = false;  // a result button is up
+  bool first_turn_ = false;
+  bool exited_ = false;
+  bool stats_requested_ = false;
+  bool warned_unwritable_ = false;
+  Selecting selecting_ = Selecting::kNone;
+  Pending pending_ = Pending::kNone;
+  int popup_slot_ = 0;
+
+  // Turn fields.
+  int chosen_slot_ = 0;
+  int replaced_card_ = 0;
+  int card_in_hand_ = 0;
+  std::array<bool, 3> smackem_used_{};
+  std::array<bool, 3> takem_used_{};
+  int switch_pos_a_ = 0;
+  int switch_pos_b_ = 0;
+  std::array<int, 3> special_positions_{};
+  std::array<int, 3> special_cards_{};
+  std::array<int, 3> takem_positions_{};
+  int take_slot_ = 0, give_slot_ = 0, taken_card_ = 0, given_card_ = 0;
+  int smack_slot1_ = 0, smack_slot2_ = 0, smack_card1_ = 0, smack_card2_ = 0;
+};
+
+}  // namespace bq

@@ -1,0 +1,446 @@
+// Start-up, the option setters, and a game's beginning and end.
+#include "ui/model/game_model.h"
+
+namespace bq {
+
+void GameModel::Load() {
+  loaded_ = LoadSettings(settings_path_);
+  window_left_ = loaded_.left;
+  window_top_ = loaded_.top;
+  StoredOptions options = loaded_.options;
+  // 20-card Stacks do not fit on a narrow screen, whatever the file says.
+  if (static_cast<float>(platform_.ScreenWidthPixels()) < 600.0f) {
+    options.stackem = 0;
+    stackem_unavailable_ = true;
+  }
+  ApplyStoredOptions(options);
+  saved_fast_mode_ = fast_mode_;
+  saved_learn_mode_ = learn_mode_;
+  InitGameData();
+  for (int o = 0; o < kOptionCount; ++o) RunOptionSetter(Option(o));
+  SetRandom();
+  if (vs_computer_)
+    SetVsComputer();
+  else
+    SetVsHuman();
+  SetLearnMode(learn_mode_);
+  SetFastMode(fast_mode_);
+
+  // Between games: the board is empty and New Game waits.
+  for (int k = 1; k <= kMaxStackSize; ++k) {
+    lblCardA[static_cast<size_t>(k)].caption.clear();
+    lblCardB[static_cast<size_t>(k)].caption.clear();
+    lblCardA[static_cast<size_t>(k)].enabled = false;
+    lblCardB[static_cast<size_t>(k)].enabled = false;
+    lblGoodBad[static_cast<size_t>(k)].visible = false;
+  }
+  lblDiscardPile.enabled = false;
+  lblDrawPile.enabled = false;
+  for (Control* c : {&cmdPlayA, &cmdPlayB, &cmdAWins, &cmdBWins, &cmdCWins, &cmdBothWin,
+                     &cmdCTakesDiscard, &cmdCTakesDraw, &cmdCTakesNothing, &cmdBackemC,
+                     &cmdSwitchemA, &cmdSwitchemB, &cmdSwitchemC, &cmdSmackemA, &cmdSmackemB,
+                     &cmdSmackemC, &cmdTakemA, &cmdTakemB, &cmdTakemC, &cmdQuit, &lblMoveCount,
+                     &lblMoveCountA, &lblMoveCountB})
+    Hide(*c);
+  mnuFileQuitGame.enabled = false;
+  mnuPopupFileQuitGame.enabled = false;
+  mnuPopupCardDiscard.enabled = false;
+  mnuPopupCardDraw.enabled = false;
+  RefreshSlotVisibility();
+  if (cmdNew.enabled) SetFocus("cmdNew");
+}
+
+void GameModel::InitGameData() {
+  g_.Init();
+  judge_.n = N();
+  judge_.m[0] = '1';
+  judge_.m[static_cast<size_t>(N() + 1)] = '1';
+  RefreshRangeLabels();
+  lblStackB.caption = "Opponent's Stack";
+  opponent_setup_ = false;
+  remote_connected_ = false;
+  is_dealer_ = true;
+}
+
+void GameModel::ApplyStoredOptions(const StoredOptions& o) {
+  const int values[] = {o.stackem, o.backem, o.switchem, o.smackem, o.takem};
+  for (int i = 0; i < kOptionCount; ++i) {
+    OptionBox(Option(i)).value = values[i] == 1;
+    OptionMenu(Option(i)).value = values[i] == 1;
+  }
+  chkRandom.value = mnuOptionsRandom.value = o.random == 1;
+  if (stackem_unavailable_) chkStackem.enabled = mnuOptionsStackem.enabled = false;
+  vs_computer_ = o.opponent == 1;
+  optVsComputer.value = mnuVsComputer.value = vs_computer_;
+  optVsHuman.value = mnuVsHuman.value = !vs_computer_;
+  fast_mode_ = o.fast_mode == 1;
+  learn_mode_ = o.learn_mode == 1;
+  if (o.stackem == 1) {
+    g_.stack_size = 20;
+    g_.slot_span = 5;
+  } else {
+    g_.stack_size = 10;
+    g_.slot_span = 10;
+  }
+}
+
+void GameModel::SetOptionChecked(Option o, bool checked) {
+  OptionBox(o).value = checked;
+  OptionMenu(o).value = checked;
+  RunOptionSetter(o);
+}
+
+void GameModel::RunOptionSetter(Option o) {
+  const bool on = Checked(o);
+  OptionMenu(o).value = on;
+  switch (o) {
+    case kStackem:
+      if (on) {
+        g_.StackemOn();
+        judge_.m[11] = '0';
+        judge_.m[21] = '1';
+        for (int k = 11; k <= 20; ++k) {
+          lblCardA[static_cast<size_t>(k)].caption.clear();
+          lblCardB[static_cast<size_t>(k)].caption.clear();
+        }
+      } else {
+        g_.StackemOff();
+        judge_.m[11] = '1';
+      }
+      judge_.n = N();
+      judge_.slot_span = g_.slot_span;
+      RefreshRangeLabels();
+      RefreshSlotVisibility();
+      break;
+    case kSmackem:
+      Show(cmdSetupSmackemA, on, false);
+      Show(cmdSetupSmackemB, on, false);
+      break;
+    case kTakem:
+      Show(cmdSetupTakemA, on, false);
+      Show(cmdSetupTakemB, on, false);
+      break;
+    default:
+      break;
+  }
+}
+
+void GameModel::SetRandomChecked(bool checked) {
+  chkRandom.value = mnuOptionsRandom.value = checked;
+  SetRandom();
+}
+
+void GameModel::SetRandom() {
+  const bool on = chkRandom.value == 1;
+  for (int o = 0; o < kOptionCount; ++o) {
+    if (on) SetOptionChecked(Option(o), false);
+    const bool enable = !on && !(o == kStackem && stackem_unavailable_);
+    OptionBox(Option(o)).enabled = enable;
+    OptionMenu(Option(o)).enabled = enable;
+  }
+}
+
+void GameModel::SetVsComputer() {
+  vs_computer_ = true;
+  is_dealer_ = true;
+  optVsComputer.value = mnuVsComputer.value = 1;
+  optVsHuman.value = mnuVsHuman.value = 0;
+  lblStackB.caption = "Computer's Stack";
+  StatusBar1[1].caption = "Computer";
+  cmdSetupRemoteOpponent.enabled = mnuSetupRemoteOpponent.enabled = false;
+  cmdNew.enabled = mnuFileNewGame.enabled = mnuPopupFileNewGame.enabled = true;
+  for (int k = 1; k <= N(); ++k) judge_.m[static_cast<size_t>(k)] = '0';
+}
+
+void GameModel::SetVsHuman() {
+  vs_computer_ = false;
+  optVsComputer.value = mnuVsComputer.value = 0;
+  optVsHuman.value = mnuVsHuman.value = 1;
+  if (opponent_name_.empty()) opponent_name_ = "Opponent";
+  lblStackB.caption = opponent_name_ + "'s Stack";
+  StatusBar1[1].caption = opponent_name_;
+  cmdSetupRemoteOpponent.enabled = mnuSetupRemoteOpponent.enabled = !opponent_setup_;
+  cmdNew.enabled = mnuFileNewGame.enabled = mnuPopupFileNewGame.enabled = opponent_setup_;
+}
+
+void GameModel::SetFastMode(bool on) {
+  fast_mode_ = on;
+  optFastModeOn.value = mnuFastModeOn.value = on;
+  optFastModeOff.value = mnuFastModeOff.value = !on;
+}
+
+void GameModel::SetLearnMode(bool on) {
+  learn_mode_ = on;
+  optLearnModeOn.value = mnuLearnModeOn.value = on;
+  optLearnModeOff.value = mnuLearnModeOff.value = !on;
+  RefreshSlotVisibility();
+}
+
+// The menu items of a pair act as a toggle, whichever of the two is chosen.
+void GameModel::ToggleOpponent() {
+  if (optVsComputer.value == 1) {
+    mnuSetupRemoteOpponent.enabled = true;
+    SetVsHuman();
+  } else {
+    SetVsComputer();
+  }
+}
+
+void GameModel::ToggleFastMode() {
+  SetFastMode(!fast_mode_);
+  saved_fast_mode_ = fast_mode_;
+}
+
+void GameModel::ToggleLearnMode() {
+  SetLearnMode(!learn_mode_);
+  saved_learn_mode_ = learn_mode_;
+}
+
+void GameModel::RefreshSlotVisibility() {
+  const bool hide_b = game_running_ && !game_over_ && !learn_mode_ && !judgement_shown_;
+  for (int k = 1; k <= kMaxStackSize; ++k) {
+    const auto i = static_cast<size_t>(k);
+    const bool used = k <= N();
+    lblCardA[i].visible = used;
+    lblCardB[i].visible = used && !hide_b;
+    lblRangeA[i].visible = lblRangeB[i].visible = used && judgement_shown_;
+    lblGoodBad[i].visible = used && judgement_shown_;
+  }
+}
+
+void GameModel::RefreshRangeLabels() {
+  for (int k = 1; k <= kMaxStackSize; ++k) {
+    std::string text(1, ' ');  // a positive number's sign position, as the scale shows it
+    text += std::to_string(k * g_.slot_span);
+    lblRangeA[static_cast<size_t>(k)].caption = text;
+    lblRangeB[static_cast<size_t>(k)].caption = text;
+  }
+}
+
+void GameModel::ResetComputerJudgement() {
+  judge_.SetStack(N(), g_.stacks[kSideB].data());
+  judge_.slot_span = g_.slot_span;
+  judge_.ClearMarks();
+  judge_.ResetRanges();
+  judge_.UpdateJudgement();
+  RefreshGoodBad();
+}
+
+void GameModel::NewGame() {
+  if (!vs_computer_) {
+    // Network play arrives with the connection dialog; until then there is nobody to invite.
+    platform_.MessageBox("Set up a connection with your opponent first.");
+    return;
+  }
+  random_game_ = chkRandom.value == 1;
+  if (random_game_) {
+    for (int o = 0; o < kOptionCount; ++o) SetOptionChecked(Option(o), false);
+    random_picks_ = PickRandomOptions(platform_);
+    for (int o = 0; o < kOptionCount; ++o)
+      if (random_picks_[static_cast<size_t>(o)] && !(o == kStackem && stackem_unavailable_))
+        SetOptionChecked(Option(o), true);
+  }
+  ShuffleAndDeal(g_, platform_);
+  if (vs_computer_) ResetComputerJudgement();
+  smackem_used_ = {};
+  takem_used_ = {};
+  first_turn_ = true;
+  selecting_ = Selecting::kNone;
+  pending_ = Pending::kNone;
+  game_running_ = true;
+  game_over_ = false;
+  LockControlsForGame();
+  ShowDeal();
+}
+
+void GameModel::LockControlsForGame() {
+  for (int o = 0; o < kOptionCount; ++o) OptionBox(Option(o)).enabled = false;
+  for (Control* c : {&chkRandom, &mnuOptionsStackem, &mnuOptionsBackem, &mnuOptionsSwitchem,
+                     &mnuOptionsSmackem, &mnuOptionsTakem, &mnuOptionsRandom, &optVsComputer,
+                     &optVsHuman, &mnuVsComputer, &mnuVsHuman, &cmdSetupRemoteOpponent,
+                     &mnuSetupRemoteOpponent, &optFastModeOn, &optFastModeOff, &optLearnModeOn,
+                     &optLearnModeOff, &mnuFastModeOn, &mnuFastModeOff, &mnuLearnModeOn,
+                     &mnuLearnModeOff, &mnuFileNewGame, &mnuPopupFileNewGame})
+    c->enabled = false;
+  Hide(cmdNew);
+  Show(cmdQuit, true, vs_computer_);
+  mnuFileQuitGame.enabled = mnuPopupFileQuitGame.enabled = vs_computer_;
+  for (int o = 0; o < kOptionCount; ++o) OptionBox(Option(o)).marked = Checked(Option(o));
+  Show(cmdSetupSmackemA, Checked(kSmackem), false);
+  Show(cmdSetupSmackemB, Checked(kSmackem), false);
+  Show(cmdSetupTakemA, Checked(kTakem), false);
+  Show(cmdSetupTakemB, Checked(kTakem), false);
+  for (Control* c : {&cmdAWins, &cmdBWins, &cmdCWins, &cmdBothWin, &cmdPlayA, &cmdPlayB,
+                     &cmdCTakesDiscard, &cmdCTakesDraw, &cmdCTakesNothing, &cmdBackemC,
+                     &cmdSwitchemA, &cmdSwitchemB, &cmdSwitchemC, &cmdSmackemA, &cmdSmackemB,
+                     &cmdSmackemC, &cmdTakemA, &cmdTakemB, &cmdTakemC})
+    Hide(*c);
+  for (int k = 1; k <= kMaxStackSize; ++k) {
+    lblCardA[static_cast<size_t>(k)].marked = 0;
+    lblCardB[static_cast<size_t>(k)].marked = 0;
+    lblGoodBad[static_cast<size_t>(k)].caption.clear();
+  }
+  lblDrawPile.caption = kFaceDown;
+  lblDrawPile.marked = lblDiscardPile.marked = 0;
+  RefreshRangeLabels();
+  g_.turn_owner = kSideA;
+  Show(lblMoveCount, true, true);
+  Show(lblMoveCountA, true, true);
+  Show(lblMoveCountB, true, true);
+  RefreshMoveCounts();
+  for (int k = 1; k <= N(); ++k) judge_.m[static_cast<size_t>(k)] = '0';
+  RefreshGoodBad();
+  RefreshSlotVisibility();
+}
+
+void GameModel::ShowDeal() {
+  for (int k = 1; k <= N(); ++k) {
+    ShowCardA(k);
+    ShowCardB(k);
+  }
+  RefreshSlotVisibility();
+  lblDrawPile.caption = kFaceDown;
+  TestBothStacks(g_, Backem());
+  EndIfDecided();
+  // A dealt Stack in order has ended the game; nobody plays on past its result button.
+  if (game_over_) return;
+  if (!vs_computer_ && is_dealer_) return;
+  if (Checked(kSwitchem))
+    StartSwitchemA();
+  else
+    StartOfPlay();
+}
+
+void GameModel::EndIfDecided() {
+  switch (g_.turn_result) {
+    case kTie: Ending(Outcome::kTie, cmdBothWin); break;
+    case kAInOrder: Ending(Outcome::kWin, cmdAWins); break;
+    case kBInOrder: Ending(Outcome::kLoss, vs_computer_ ? cmdCWins : cmdBWins); break;
+    default: break;
+  }
+}
+
+void GameModel::Ending(Outcome outcome, Control& button) {
+  platform_.PlayClick();
+  game_over_ = true;
+  selecting_ = Selecting::kNone;
+  pending_ = Pending::kNone;
+  RevealBoard();
+  RecordResult(outcome);
+  Prompt(button);
+}
+
+void GameModel::RevealBoard() {
+  for (int p = 1; p <= N(); ++p) {
+    auto& a = lblCardA[static_cast<size_t>(p)];
+    auto& b = lblCardB[static_cast<size_t>(p)];
+    a.visible = true;
+    a.marked = 0;
+    b.caption = CardFace(g_.Card(kSideB, g_.DisplayPos(p)));
+    b.visible = true;
+    b.marked = 0;
+  }
+  lblDiscardPile.visible = true;
+  lblDiscardPile.marked = 0;
+  lblDiscardPile.caption = CardFace(g_.discard_top);
+  lblDrawPile.visible = true;
+  lblDrawPile.marked = 0;
+  lblDrawPile.caption = CardFace(g_.DrawTop());
+  for (Control* c : {&cmdSetupSmackemA, &cmdSetupSmackemB, &cmdSetupTakemA, &cmdSetupTakemB})
+    c->enabled = false;
+}
+
+Settings GameModel::CurrentSettings(Settings base) const {
+  base.left = window_left_;
+  base.top = window_top_;
+  StoredOptions& o = base.options;
+  o.stackem = chkStackem.value;
+  o.backem = chkBackem.value;
+  o.switchem = chkSwitchem.value;
+  o.smackem = chkSmackem.value;
+  o.takem = chkTakem.value;
+  o.random = chkRandom.value;
+  o.opponent = optVsComputer.value == 1 ? 1 : 2;
+  o.fast_mode = optFastModeOn.value == 1 ? 1 : 2;
+  o.learn_mode = optLearnModeOn.value == 1 ? 1 : 2;
+  return base;
+}
+
+void GameModel::SaveOrWarn(const Settings& s) {
+  if (SaveSettings(settings_path_, s) || warned_unwritable_) return;
+  warned_unwritable_ = true;
+  platform_.Warn("bramblequay: cannot write the settings file " + settings_path_);
+}
+
+void GameModel::RecordResult(Outcome outcome) {
+  if (learn_mode_) return;
+  Settings s = LoadSettings(settings_path_);  // the file is the authority for the statistics
+  ApplyResult(s.stats[static_cast<size_t>(vs_computer_ ? kVsComputer : kVsHumans)], outcome,
+              CheckedOptions());
+  s = CurrentSettings(s);
+  SaveOrWarn(s);
+  loaded_ = s;
+}
+
+void GameModel::QuitGame() {
+  chkRandom.enabled = true;
+  const bool random = chkRandom.value == 1;
+  for (int o = 0; o < kOptionCount; ++o) {
+    Control& box = OptionBox(Option(o));
+    if (random)
+      SetOptionChecked(Option(o), false);
+    else
+      box.enabled = !(o == kStackem && stackem_unavailable_);
+    box.marked = 0;
+    OptionMenu(Option(o)).enabled = !(o == kStackem && stackem_unavailable_);
+  }
+  mnuOptionsRandom.enabled = true;
+  if (vs_computer_)
+    SetVsComputer();
+  else
+    SetVsHuman();
+  for (Control* c : {&optVsComputer, &optVsHuman, &mnuVsComputer, &mnuVsHuman, &optFastModeOn,
+                     &optFastModeOff, &optLearnModeOn, &optLearnModeOff, &mnuFastModeOn,
+                     &mnuFastModeOff, &mnuLearnModeOn, &mnuLearnModeOff})
+    c->enabled = true;
+  for (Control* c : {&cmdAWins, &cmdBWins, &cmdCWins, &cmdBothWin, &cmdPlayA, &cmdPlayB,
+                     &cmdCTakesDiscard, &cmdCTakesDraw, &cmdCTakesNothing, &cmdBackemC,
+                     &cmdSwitchemA, &cmdSwitchemB, &cmdSwitchemC, &cmdSmackemA, &cmdSmackemB,
+                     &cmdSmackemC, &cmdTakemA, &cmdTakemB, &cmdTakemC})
+    Hide(*c);
+  Show(cmdSetupSmackemA, Checked(kSmackem), false);
+  Show(cmdSetupSmackemB, Checked(kSmackem), false);
+  Show(cmdSetupTakemA, Checked(kTakem), false);
+  Show(cmdSetupTakemB, Checked(kTakem), false);
+  Show(cmdNew, true, true);
+  mnuFileNewGame.enabled = mnuPopupFileNewGame.enabled = true;
+  Hide(cmdQuit);
+  mnuFileQuitGame.enabled = mnuPopupFileQuitGame.enabled = false;
+  g_.move_count_a = g_.move_count_b = 0;
+  RefreshMoveCounts();
+  Hide(lblMoveCount);
+  Hide(lblMoveCountA);
+  Hide(lblMoveCountB);
+  game_running_ = false;
+  game_over_ = false;
+  selecting_ = Selecting::kNone;
+  pending_ = Pending::kNone;
+  RevealBoard();
+  RefreshSlotVisibility();
+  g_.turn_result = kUndecided;
+  g_.turn_owner = kSideA;
+  SetFastMode(fast_mode_);
+  SetLearnMode(learn_mode_);
+  for (int i = 2; i <= 4; ++i) StatusBar1[static_cast<size_t>(i)].caption.clear();
+  is_dealer_ = true;
+  SetFocus("cmdNew");
+}
+
+void GameModel::Exit() {
+  if (exited_) return;
+  Settings s = LoadSettings(settings_path_);
+  SaveOrWarn(CurrentSettings(s));
+  exited_ = true;
+}
+
+}  // namespace bq

@@ -1,0 +1,264 @@
+// Side A's special moves (Switchem opening, Smackem, Takem) and the receiving side of the
+// opponent's Smackem and Takem.
+#include "ui/model/game_model.h"
+
+namespace bq {
+namespace {
+
+constexpr const char* kSwitchemFast = "Click on 2 of your cards to swap their positions.";
+constexpr const char* kSmackemFast = "Click 2 of your opponent's cards to swap their positions.";
+constexpr const char* kTakemFast = "Click 1 of your cards and 1 of your opponent's to swap them.";
+constexpr const char* kThenClick = "  Then click here.";
+
+int Clamp(int slot, int n) { return slot < 1 ? 1 : slot > n ? n : slot; }
+
+}  // namespace
+
+void GameModel::StartSwitchemA() {
+  g_.turn_owner = kSideA;
+  selecting_ = Selecting::kSwitchemA;
+  lblDiscardPile.caption.clear();
+  lblDiscardPile.enabled = lblDrawPile.enabled = false;
+  for (int k = 1; k <= N(); ++k) {
+    auto& a = lblCardA[static_cast<size_t>(k)];
+    a.enabled = true;
+    a.marked = 0;
+    auto& b = lblCardB[static_cast<size_t>(k)];
+    b.enabled = false;
+    b.visible = judgement_shown_;
+  }
+  cmdSwitchemA.caption = std::string(kSwitchemFast) + (fast_mode_ ? "" : kThenClick);
+  Prompt(cmdSwitchemA);
+}
+
+void GameModel::CompleteSwitchemA() {
+  int first = 0, second = 0;
+  for (int k = 1; k <= N(); ++k) {
+    if (lblCardA[static_cast<size_t>(k)].marked == 0) continue;
+    if (first == 0)
+      first = k;
+    else if (second == 0)
+      second = k;
+    else
+      second = -1;
+  }
+  UnmarkCardsA();
+  if (first == 0 || second <= 0) {
+    Prompt(cmdSwitchemA);  // not exactly two: pick again
+    return;
+  }
+  std::swap(g_.Card(kSideA, first), g_.Card(kSideA, second));
+  ShowCardA(first);
+  ShowCardA(second);
+  for (int k = 1; k <= N(); ++k) lblCardA[static_cast<size_t>(k)].enabled = false;
+  Hide(cmdSwitchemA);
+  selecting_ = Selecting::kNone;
+  g_.move_count_a = std::min(g_.move_count_a + 1, 32767);
+  RefreshMoveCounts();
+  lblDiscardPile.caption = CardFace(g_.discard_top);
+  if (vs_computer_) ComputerSwitchemChoice();
+}
+
+void GameModel::SetupSmackemA() {
+  if (selecting_ == Selecting::kSmackemA) return CancelSelection();
+  selecting_ = Selecting::kSmackemA;
+  Hide(cmdTakemA);
+  lblDiscardPile.enabled = false;
+  lblDiscardPile.marked = 0;
+  for (int k = 1; k <= N(); ++k) {
+    auto& a = lblCardA[static_cast<size_t>(k)];
+    a.enabled = false;
+    a.marked = 0;
+    auto& b = lblCardB[static_cast<size_t>(k)];
+    Show(b, true, true);
+    b.marked = 0;
+    // The opponent's cards stay face down while they are picked.
+    if (!learn_mode_ && !judgement_shown_) b.caption = " ";
+  }
+  cmdSmackemA.caption = std::string(kSmackemFast) + (fast_mode_ ? "" : kThenClick);
+  cmdPlayA.enabled = false;
+  cmdSetupTakemA.enabled = false;
+  Prompt(cmdSmackemA);
+}
+
+void GameModel::SetupTakemA() {
+  if (selecting_ == Selecting::kTakemA) return CancelSelection();
+  selecting_ = Selecting::kTakemA;
+  Hide(cmdSmackemA);
+  lblDiscardPile.enabled = false;
+  lblDiscardPile.marked = 0;
+  takem_positions_ = {};
+  for (int k = 1; k <= N(); ++k) {
+    auto& a = lblCardA[static_cast<size_t>(k)];
+    a.enabled = true;
+    a.marked = 0;
+    auto& b = lblCardB[static_cast<size_t>(k)];
+    Show(b, true, true);
+    b.marked = 0;
+    if (!learn_mode_ && !judgement_shown_) b.caption = " ";
+  }
+  cmdTakemA.caption = std::string(kTakemFast) + (fast_mode_ ? "" : kThenClick);
+  cmdPlayA.enabled = false;
+  cmdSetupSmackemA.enabled = false;
+  Prompt(cmdTakemA);
+}
+
+// A second press on the set-up button, or a look at the Draw Pile, abandons the special move.
+void GameModel::CancelSelection() {
+  selecting_ = Selecting::kNone;
+  Hide(cmdSmackemA);
+  Hide(cmdTakemA);
+  for (int k = 1; k <= N(); ++k) {
+    ShowCardB(k);
+    lblCardB[static_cast<size_t>(k)].marked = 0;
+  }
+  RefreshSlotVisibility();
+  StartTurnA();
+}
+
+void GameModel::CompleteSmackemA() {
+  int p1 = 0, p2 = 0;
+  for (int p = 1; p <= N(); ++p) {
+    if (lblCardB[static_cast<size_t>(p)].marked == 0) continue;
+    if (p1 == 0)
+      p1 = p;
+    else if (p2 == 0)
+      p2 = p;
+    else
+      p2 = -1;
+  }
+  if (p1 == 0 || p2 <= 0) {
+    for (int p = 1; p <= N(); ++p) lblCardB[static_cast<size_t>(p)].marked = 0;
+    Prompt(cmdSmackemA);
+    return;
+  }
+  special_positions_ = {0, p1, p2};
+  // The clicked positions are screen positions; the Stack itself may be held reversed.
+  std::swap(g_.Card(kSideB, g_.DisplayPos(p1)), g_.Card(kSideB, g_.DisplayPos(p2)));
+  selecting_ = Selecting::kNone;
+  for (int k = 1; k <= N(); ++k) {
+    ShowCardB(k);
+    lblCardB[static_cast<size_t>(k)].marked = 0;
+    lblCardB[static_cast<size_t>(k)].enabled = false;
+  }
+  Hide(cmdSmackemA);
+  Hide(cmdSetupSmackemA);
+  g_.move_count_a = std::min(g_.move_count_a + 1, 32767);
+  smackem_used_[kSideA] = true;
+  RefreshMoveCounts();
+  if (vs_computer_) ResetComputerJudgement();
+  RefreshSlotVisibility();
+  lblDiscardPile.enabled = lblDrawPile.enabled = false;
+  // The mover hands over first, so the test looks at the Stack that was just changed.
+  g_.turn_owner = kSideB;
+  if (TestOneStack(g_, Backem()) != kUndecided) {
+    EndIfDecided();
+    return;
+  }
+  StartTurnB();
+}
+
+void GameModel::CompleteTakemA() {
+  int a = 0, b = 0;
+  if (MarkedCount(lblCardA) != 1 || MarkedCount(lblCardB) != 1) {
+    Prompt(cmdTakemA);  // the selection is kept
+    return;
+  }
+  for (int k = 1; k <= N(); ++k) {
+    if (lblCardA[static_cast<size_t>(k)].marked == 1) a = k;
+    if (lblCardB[static_cast<size_t>(k)].marked == 1) b = k;
+  }
+  takem_positions_ = {0, a, b};
+  const int slot_b = g_.DisplayPos(b);
+  std::swap(g_.Card(kSideA, a), g_.Card(kSideB, slot_b));
+  selecting_ = Selecting::kNone;
+  ShowCardA(a);
+  lblCardA[static_cast<size_t>(a)].marked = 0;
+  for (int k = 1; k <= N(); ++k) {
+    ShowCardB(k);
+    lblCardB[static_cast<size_t>(k)].marked = 0;
+    lblCardB[static_cast<size_t>(k)].enabled = false;
+  }
+  Hide(cmdTakemA);
+  Hide(cmdSetupTakemA);
+  g_.move_count_a = std::min(g_.move_count_a + 1, 32767);
+  takem_used_[kSideA] = true;
+  RefreshMoveCounts();
+  if (vs_computer_) ResetComputerJudgement();
+  RefreshSlotVisibility();
+  lblDiscardPile.enabled = lblDrawPile.enabled = false;
+  // Both Stacks changed, so both are tested: an exchange can put both in order at once.
+  TestBothStacks(g_, Backem());
+  g_.turn_owner = kSideB;
+  if (g_.turn_result != kUndecided) {
+    EndIfDecided();
+    return;
+  }
+  StartTurnB();
+}
+
+void GameModel::AnnounceSmackemB(int pos1, int pos2) {
+  pos1 = Clamp(pos1, N());
+  pos2 = Clamp(pos2, N());
+  special_positions_ = {0, pos1, pos2};
+  special_cards_ = {0, g_.Card(kSideA, pos1), g_.Card(kSideA, pos2)};
+  lblCardA[static_cast<size_t>(pos1)].marked = 1;
+  lblCardA[static_cast<size_t>(pos2)].marked = 1;
+  pending_ = Pending::kSmackem;
+  Prompt(cmdSmackemB);
+}
+
+void GameModel::ApplySmackemB() {
+  pending_ = Pending::kNone;
+  const int p1 = special_positions_[1], p2 = special_positions_[2];
+  g_.Card(kSideA, p1) = special_cards_[2];
+  g_.Card(kSideA, p2) = special_cards_[1];
+  ShowCardA(p1);
+  ShowCardA(p2);
+  lblCardA[static_cast<size_t>(p1)].marked = 0;
+  lblCardA[static_cast<size_t>(p2)].marked = 0;
+  Hide(cmdSmackemB);
+  Hide(cmdSetupSmackemB);
+  g_.move_count_b = std::min(g_.move_count_b + 1, 32767);
+  smackem_used_[kSideB] = true;
+  RefreshMoveCounts();
+  g_.turn_owner = kSideA;
+  if (TestOneStack(g_, Backem()) != kUndecided) {
+    EndIfDecided();
+    return;
+  }
+  StartTurnA();
+}
+
+// The message names the sender's own slot first; here that is a slot of the opponent's Stack.
+void GameModel::AnnounceTakemB(int sender_pos, int receiver_pos) {
+  takem_positions_ = {0, Clamp(receiver_pos, N()), Clamp(sender_pos, N())};
+  lblCardA[static_cast<size_t>(takem_positions_[1])].marked = 1;
+  lblCardB[static_cast<size_t>(takem_positions_[2])].marked = 1;
+  pending_ = Pending::kTakem;
+  Prompt(cmdTakemB);
+}
+
+void GameModel::ApplyTakemB() {
+  pending_ = Pending::kNone;
+  const int a = takem_positions_[1], b = takem_positions_[2];
+  std::swap(g_.Card(kSideA, a), g_.Card(kSideB, b));
+  ShowCardA(a);
+  ShowCardB(b);
+  lblCardA[static_cast<size_t>(a)].marked = 0;
+  lblCardB[static_cast<size_t>(b)].marked = 0;
+  Hide(cmdTakemB);
+  Hide(cmdSetupTakemB);
+  g_.move_count_b = std::min(g_.move_count_b + 1, 32767);
+  takem_used_[kSideB] = true;
+  RefreshMoveCounts();
+  g_.turn_owner = kSideA;
+  TestBothStacks(g_, Backem());
+  if (g_.turn_result != kUndecided) {
+    EndIfDecided();
+    return;
+  }
+  StartTurnA();
+}
+
+}  // namespace bq

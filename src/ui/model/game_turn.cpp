@@ -1,0 +1,265 @@
+// The ordinary turn: side A's clicks, the completion of a move, and the hand-over to side B.
+#include "ui/model/game_model.h"
+
+namespace bq {
+
+void GameModel::ShowCardA(int slot) {
+  lblCardA[static_cast<size_t>(slot)].caption = CardFace(g_.Card(kSideA, slot));
+}
+
+void GameModel::ShowCardB(int slot) {
+  lblCardB[static_cast<size_t>(g_.DisplayPos(slot))].caption = CardFace(g_.Card(kSideB, slot));
+}
+
+void GameModel::RefreshMoveCounts() {
+  lblMoveCountA.caption = std::to_string(g_.move_count_a);
+  lblMoveCountB.caption = std::to_string(g_.move_count_b);
+}
+
+int GameModel::MarkedCount(const SlotControls& labels) const {
+  int count = 0;
+  for (int k = 1; k <= N(); ++k) count += labels[static_cast<size_t>(k)].marked;
+  return count;
+}
+
+void GameModel::UnmarkCardsA() {
+  for (int k = 1; k <= N(); ++k) lblCardA[static_cast<size_t>(k)].marked = 0;
+}
+
+void GameModel::AdvanceDrawPile() {
+  AdvanceDraw(g_, platform_);
+  lblDrawPile.caption = kFaceDown;
+}
+
+void GameModel::StartOfPlay() {
+  lblDiscardPile.caption = CardFace(g_.discard_top);
+  lblDiscardPile.enabled = true;
+  lblDrawPile.caption = kFaceDown;
+  lblDrawPile.enabled = true;
+  g_.turn_owner = vs_computer_ ? 1 + static_cast<int>(2.0f * platform_.Uniform()) : kSideA;
+  if (g_.turn_owner > kSideB) g_.turn_owner = kSideB;
+  cmdPlayA.enabled = false;
+  cmdPlayB.enabled = false;
+  if (!vs_computer_ || g_.turn_owner == kSideA)
+    StartTurnA();
+  else
+    StartTurnB();
+}
+
+// A side's set-up buttons are offered on its own turn only, while its option is on and the move
+// unused. Side B's buttons only show what the opponent still has: nobody here can press them.
+void GameModel::OfferSetupButtons() {
+  const bool a_turn = g_.turn_owner == kSideA && selecting_ == Selecting::kNone;
+  Show(cmdSetupSmackemA, Checked(kSmackem) && !smackem_used_[kSideA],
+       a_turn && lblDrawPile.marked == 0);
+  Show(cmdSetupTakemA, Checked(kTakem) && !takem_used_[kSideA],
+       a_turn && lblDrawPile.marked == 0);
+  Show(cmdSetupSmackemB, Checked(kSmackem) && !smackem_used_[kSideB], false);
+  Show(cmdSetupTakemB, Checked(kTakem) && !takem_used_[kSideB], false);
+}
+
+void GameModel::StartTurnA() {
+  g_.turn_owner = kSideA;
+  lblDiscardPile.enabled = lblDrawPile.enabled = true;
+  lblDiscardPile.marked = lblDrawPile.marked = 0;
+  lblDiscardPile.caption = CardFace(g_.discard_top);
+  lblDrawPile.caption = kFaceDown;
+  OfferSetupButtons();
+  for (int k = 1; k <= N(); ++k) {
+    auto& a = lblCardA[static_cast<size_t>(k)];
+    ShowCardA(k);
+    a.enabled = true;
+    a.marked = 0;
+    lblCardB[static_cast<size_t>(k)].enabled = false;
+    lblCardB[static_cast<size_t>(k)].marked = 0;
+  }
+  SetFocus("");
+}
+
+void GameModel::StartTurnB() {
+  g_.turn_owner = kSideB;
+  lblDiscardPile.marked = lblDrawPile.marked = 0;
+  OfferSetupButtons();
+  for (int k = 1; k <= N(); ++k) {
+    lblCardA[static_cast<size_t>(k)].enabled = false;
+    lblCardA[static_cast<size_t>(k)].marked = 0;
+    lblCardB[static_cast<size_t>(k)].marked = 0;
+  }
+  if (vs_computer_) StartComputerTurn();
+}
+
+// Nothing belongs to side A while the computer moves, a special move is on show, or a result
+// waits to be acknowledged.
+#define BQ_REQUIRE_A_TURN()                                                              \
+  if (!game_running_ || game_over_ || g_.turn_owner != kSideA || pending_ != Pending::kNone) \
+  return false
+
+bool GameModel::ClickDiscardPile() {
+  BQ_REQUIRE_A_TURN();
+  platform_.PlayClick();
+  lblDiscardPile.marked ^= 1;
+  if (lblDrawPile.marked == 1 && lblDiscardPile.marked == 1) UnmarkCardsA();
+  if (lblDiscardPile.marked == 1) {
+    for (int k = 1; k <= N(); ++k) {
+      lblCardA[static_cast<size_t>(k)].enabled = true;
+      lblCardB[static_cast<size_t>(k)].enabled = false;
+    }
+    RefreshSlotVisibility();
+    cmdSmackemA.enabled = cmdTakemA.enabled = false;
+    if (MarkedCount(lblCardA) > 0)
+      MoveReady();
+    else if (lblDrawPile.marked == 1 && fast_mode_)
+      CompleteMoveA();  // a pass
+  }
+  return true;
+}
+
+bool GameModel::ClickDrawPile() {
+  BQ_REQUIRE_A_TURN();
+  // Looking at the Draw Pile card ends any special move that was being set up.
+  if (selecting_ == Selecting::kSmackemA || selecting_ == Selecting::kTakemA) CancelSelection();
+  platform_.PlayClick();
+  lblDiscardPile.marked = 0;
+  lblDrawPile.caption = CardFace(g_.DrawTop());
+  lblDrawPile.marked = 1;
+  for (int k = 1; k <= N(); ++k) {
+    lblCardA[static_cast<size_t>(k)].enabled = true;
+    lblCardA[static_cast<size_t>(k)].marked = 0;
+    lblCardB[static_cast<size_t>(k)].enabled = false;
+  }
+  for (Control* c : {&cmdSetupSmackemA, &cmdSetupTakemA, &cmdSmackemA, &cmdTakemA})
+    c->enabled = false;
+  if (!fast_mode_) Prompt(cmdPlayA);
+  return true;
+}
+
+bool GameModel::ClickCardA(int slot) {
+  BQ_REQUIRE_A_TURN();
+  auto& card = lblCardA[static_cast<size_t>(slot)];
+  if (selecting_ == Selecting::kSwitchemA) {
+    platform_.PlayClick();
+    card.marked ^= 1;
+    if (fast_mode_ && MarkedCount(lblCardA) == 2) CompleteSwitchemA();
+    return true;
+  }
+  if (selecting_ == Selecting::kSmackemA) return false;
+  if (lblDrawPile.marked == 1 && lblDiscardPile.marked == 1) lblDiscardPile.marked = 0;
+  platform_.PlayClick();
+  if (card.marked == 1) {
+    card.marked = 0;
+    return true;
+  }
+  UnmarkCardsA();
+  card.marked = 1;
+  if (selecting_ == Selecting::kTakemA) {
+    takem_positions_[1] = slot;
+    if (fast_mode_ && MarkedCount(lblCardB) == 1) CompleteTakemA();
+    return true;
+  }
+  if (lblDiscardPile.marked == 1 || lblDrawPile.marked == 1) MoveReady();
+  return true;
+}
+
+bool GameModel::ClickCardB(int pos) {
+  BQ_REQUIRE_A_TURN();
+  if (selecting_ != Selecting::kSmackemA && selecting_ != Selecting::kTakemA) return false;
+  platform_.PlayClick();
+  auto& card = lblCardB[static_cast<size_t>(pos)];
+  card.marked ^= 1;
+  if (selecting_ == Selecting::kTakemA) {
+    if (card.marked == 1) takem_positions_[2] = pos;
+    if (fast_mode_ && MarkedCount(lblCardA) == 1 && MarkedCount(lblCardB) == 1)
+      CompleteTakemA();
+  } else if (fast_mode_ && MarkedCount(lblCardB) == 2) {
+    CompleteSmackemA();
+  }
+  return true;
+}
+
+// The card pop-up completes the same move as a pile click followed by a card click.
+bool GameModel::CardPopup(bool discard) {
+  BQ_REQUIRE_A_TURN();
+  const int slot = popup_slot_;
+  popup_slot_ = 0;
+  if (slot < 1 || slot > N() || selecting_ != Selecting::kNone) return false;
+  if (discard && lblDrawPile.marked == 1) return false;
+  platform_.PlayClick();
+  if (!discard && lblDrawPile.marked == 0) {
+    lblDrawPile.caption = CardFace(g_.DrawTop());
+    lblDrawPile.marked = 1;
+  }
+  lblDiscardPile.marked = discard ? 1 : 0;
+  UnmarkCardsA();
+  lblCardA[static_cast<size_t>(slot)].marked = 1;
+  CompleteMoveA();
+  return true;
+}
+
+#undef BQ_REQUIRE_A_TURN
+
+void GameModel::MoveReady() {
+  if (fast_mode_)
+    CompleteMoveA();
+  else
+    Prompt(cmdPlayA);
+}
+
+void GameModel::CompleteMoveA() {
+  g_.turn_owner = kSideA;
+  chosen_slot_ = 0;
+  for (int k = N(); k >= 1 && chosen_slot_ == 0; --k)
+    if (lblCardA[static_cast<size_t>(k)].marked == 1) chosen_slot_ = k;
+  if (chosen_slot_ > 0) {
+    replaced_card_ = g_.Card(kSideA, chosen_slot_);
+    if (lblDiscardPile.marked == 1) {
+      g_.Card(kSideA, chosen_slot_) = g_.discard_top;
+      DiscardReplaced(g_, replaced_card_);
+    } else if (lblDrawPile.marked == 1) {
+      g_.Card(kSideA, chosen_slot_) = g_.DrawTop();
+      Bury(g_);
+      DiscardReplaced(g_, replaced_card_);
+      AdvanceDrawPile();
+    }
+    ShowCardA(chosen_slot_);
+    lblDiscardPile.caption = CardFace(g_.discard_top);
+  } else if (lblDrawPile.marked == 1) {
+    Bury(g_);
+    DiscardDrawn(g_);
+    AdvanceDrawPile();
+    lblDiscardPile.caption = CardFace(g_.discard_top);
+  }
+  lblDiscardPile.marked = lblDrawPile.marked = 0;
+  lblDiscardPile.enabled = lblDrawPile.enabled = false;
+  lblDrawPile.caption = kFaceDown;
+  cmdPlayA.enabled = false;
+  UnmarkCardsA();
+  g_.move_count_a = std::min(g_.move_count_a + 1, 32767);
+  RefreshMoveCounts();
+  if (chosen_slot_ > 0) TestOneStack(g_, Backem());
+  if (g_.turn_result == kAInOrder) {
+    EndIfDecided();
+    return;
+  }
+  g_.turn_owner = kSideB;
+  StartTurnB();
+}
+
+void GameModel::EndOfMoveB() {
+  g_.move_count_b = std::min(g_.move_count_b + 1, 32767);
+  RefreshMoveCounts();
+  if (vs_computer_) {
+    SyncJudgement();
+    judge_.UpdateJudgement();
+    RefreshGoodBad();
+  }
+  // Only side B's cards changed; both are tested so that nothing in order goes unnoticed.
+  TestBothStacks(g_, Backem());
+  if (g_.turn_result != kUndecided) {
+    EndIfDecided();
+    return;
+  }
+  g_.turn_owner = kSideA;
+  StartTurnA();
+}
+
+}  // namespace bq

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "engine/rng.h"
+
+namespace bq {
+
+// Everything the models need from the world outside: the front end provides it (the Qt window,
+// the headless driver, or a test fake that records calls and scripts random numbers).
+class Platform : public Rng {
+ public:
+  virtual void PlayClick() = 0;
+  // The help document or a web address, opened with the desktop's default application.
+  virtual void Open(const std::string& target) = 0;
+  virtual void MessageBox(const std::string& text) = 0;
+  virtual int ScreenWidthPixels() = 0;
+  // A window of the program was shown or taken down (the front end shows or hides it).
+  virtual void WindowOpened(const std::string& window) = 0;
+  virtual void WindowClosed(const std::string& window) = 0;
+  // A problem the user should hear of that needs no answer, e.g. an unwritable settings file.
+  virtual void Warn(const std::string& text) = 0;
+};
+
+}  // namespace bq

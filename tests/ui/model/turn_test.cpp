@@ -1,0 +1,176 @@
+// The ordinary turn as the controls show it, and the computer's buttons in every mode.
+#include "ui/model/game_test_util.h"
+
+namespace bq {
+namespace {
+
+using test::Game;
+
+TEST(TurnA, LookingAtTheDrawPileMakesTheDiscardUntakable) {
+  Game g;
+  g.NewGameAFirst();
+  g.Set("Stacks(1)", "50 40 30 20 10 60 70 80 90 100");
+  g.Set("DiscardTop", "33");
+  g.Set("DrawCards", "44");
+  g.Set("DrawPos", "1");
+  ASSERT_TRUE(g.Click("lblCardA(2)"));
+  EXPECT_EQ(g.C("lblCardA(2)").marked, 1);
+  ASSERT_TRUE(g.Click("lblDrawPile"));
+  EXPECT_EQ(g.C("lblCardA(2)").marked, 0);  // the slot is chosen after seeing the card
+  EXPECT_EQ(g.C("lblDrawPile").caption, CardFace(44));
+  EXPECT_TRUE(g.C("cmdPlayA").enabled);  // a pass is possible at once
+  ASSERT_TRUE(g.Click("lblDiscardPile"));
+  ASSERT_TRUE(g.Click("lblCardA(3)"));
+  EXPECT_EQ(g.C("lblDiscardPile").marked, 0);
+  ASSERT_TRUE(g.Click("cmdPlayA"));
+  EXPECT_EQ(g.model.state().Card(kSideA, 3), 44);
+  EXPECT_EQ(g.Field("MoveCountA"), "1");
+  EXPECT_EQ(g.model.state().buried[1], 33);
+}
+
+TEST(TurnA, APassBuriesTheDiscardCountsAMoveAndTestsNothing) {
+  Game g;
+  ASSERT_TRUE(g.Click("optLearnModeOn"));  // so the computer's answer waits and can be seen
+  g.NewGameAFirst();
+  g.Set("Stacks(1)", "1 2 3 4 5 6 7 8 9 10");  // in order, but a pass is not tested
+  g.Set("DiscardTop", "60");
+  g.Set("DrawCards", "61");
+  const int buried_before = std::stoi(g.Field("BuriedCount"));
+  ASSERT_TRUE(g.Click("lblDrawPile"));
+  ASSERT_TRUE(g.Click("cmdPlayA"));
+  EXPECT_EQ(g.Field("MoveCountA"), "1");
+  EXPECT_EQ(g.Field("TurnResult"), "0");
+  EXPECT_FALSE(g.C("cmdAWins").visible);
+  EXPECT_EQ(std::stoi(g.Field("BuriedCount")), buried_before + 1);
+  EXPECT_EQ(g.model.state().buried[static_cast<size_t>(buried_before + 1)], 60);
+}
+
+TEST(TurnA, ClickingTheMarkedCardAgainLeavesOnlyThePileMarked) {
+  Game g;
+  g.NewGameAFirst();
+  ASSERT_TRUE(g.Click("lblDiscardPile"));
+  ASSERT_TRUE(g.Click("lblCardA(4)"));
+  EXPECT_TRUE(g.C("cmdPlayA").enabled);
+  EXPECT_EQ(g.model.Focus(), "cmdPlayA");
+  ASSERT_TRUE(g.Click("lblCardA(4)"));
+  EXPECT_EQ(g.C("lblCardA(4)").marked, 0);
+  EXPECT_EQ(g.C("lblDiscardPile").marked, 1);
+  ASSERT_TRUE(g.Click("lblDiscardPile"));
+  EXPECT_EQ(g.C("lblDiscardPile").marked, 0);
+  EXPECT_EQ(g.Field("MoveCountA"), "0");
+}
+
+TEST(TurnA, FastModeCompletesOnTheSecondClickAndTheHighestMarkWins) {
+  Game g;
+  ASSERT_TRUE(g.Click("optFastModeOn"));
+  g.NewGameAFirst();
+  g.Set("DiscardTop", "77");
+  ASSERT_TRUE(g.Click("lblCardA(6)"));
+  ASSERT_TRUE(g.Click("lblDiscardPile"));
+  EXPECT_EQ(g.model.state().Card(kSideA, 6), 77);
+  EXPECT_EQ(g.Field("MoveCountA"), "1");
+  EXPECT_FALSE(g.C("cmdPlayA").enabled);
+}
+
+TEST(TurnA, TheDrawPileComesRoundAgainInTheSameOrder) {
+  Game g;
+  ASSERT_TRUE(g.Click("optLearnModeOn"));
+  g.NewGameAFirst();
+  const int first = g.model.state().draw_cards[1];
+  g.Set("DrawPos", "79");
+  ASSERT_TRUE(g.Click("lblDrawPile"));
+  ASSERT_TRUE(g.Click("cmdPlayA"));  // pass: the last card becomes the discard
+  EXPECT_EQ(g.Field("DrawPos"), "1");
+  EXPECT_EQ(g.Field("BuriedCount"), "0");
+  EXPECT_EQ(g.model.state().DrawTop(), first);
+}
+
+TEST(TurnA, CardPopUpCompletesTheSameMoves) {
+  Game g;
+  g.NewGameAFirst();
+  g.Set("DiscardTop", "12");
+  ASSERT_TRUE(g.model.RightClick("lblCardA(2)"));
+  EXPECT_TRUE(g.C("mnuPopupCardDiscard").enabled);
+  ASSERT_TRUE(g.Click("mnuPopupCardDiscard"));
+  EXPECT_EQ(g.model.state().Card(kSideA, 2), 12);
+  EXPECT_EQ(g.Field("MoveCountA"), "1");
+}
+
+// Side B one card from order: the computer's discard judge wants 45 for slot 5.
+void ComputerWantsTheDiscard(Game& g) {
+  g.Set("Stacks(2)", "5 15 25 35 99 55 65 75 85 95");
+  g.Set("Stacks(1)", "45 80 30 20 10 60 70 2 90 100");
+  g.Set("DiscardTop", "50");
+  ASSERT_TRUE(g.Click("lblDiscardPile"));
+  ASSERT_TRUE(g.Click("lblCardA(1)"));  // hands the computer 45
+}
+
+TEST(ComputerTurn, ATakeWaitsOnlyInLearnModeWithoutFastMode) {
+  for (bool fast : {false, true}) {
+    for (bool learn : {false, true}) {
+      Game g;
+      if (fast) { ASSERT_TRUE(g.Click("optFastModeOn")); }
+      if (learn) { ASSERT_TRUE(g.Click("optLearnModeOn")); }
+      g.NewGameAFirst();
+      ComputerWantsTheDiscard(g);
+      if (!fast) { ASSERT_TRUE(g.Click("cmdPlayA")); }
+      const bool waits = learn && !fast;
+      SCOPED_TRACE(testing::Message() << "fast " << fast << " learn " << learn);
+      EXPECT_EQ(g.C("cmdCTakesDiscard").visible, waits);
+      if (waits) {
+        EXPECT_EQ(g.C("lblDiscardPile").marked, 1);
+        EXPECT_EQ(g.C("lblCardB(5)").marked, 1);
+        EXPECT_FALSE(g.Click("lblDiscardPile"));  // the computer's move is on show
+        EXPECT_FALSE(g.Click("lblCardA(2)"));
+        ASSERT_TRUE(g.Click("cmdCTakesDiscard"));
+      }
+      EXPECT_EQ(g.model.state().Card(kSideB, 5), 45);
+      EXPECT_TRUE(g.C("cmdCWins").visible);
+      EXPECT_EQ(g.C("cmdCWins").caption, "Computer wins.  Click here to continue.");
+    }
+  }
+}
+
+TEST(ComputerTurn, TakingNothingAlwaysWaits) {
+  for (bool fast : {false, true}) {
+    Game g;
+    if (fast) { ASSERT_TRUE(g.Click("optFastModeOn")); }
+    g.NewGameAFirst();
+    // Every slot settled but one whose range no card of these fits.
+    g.Set("Stacks(2)", "5 15 25 35 45 55 65 75 95 85");
+    g.Set("Stacks(1)", "1 80 30 20 10 60 70 2 90 100");
+    g.Set("DrawCards", "52");
+    g.Set("DrawPos", "1");
+    ASSERT_TRUE(g.Click("lblDiscardPile"));
+    ASSERT_TRUE(g.Click("lblCardA(1)"));  // the discard becomes 1
+    if (!fast) { ASSERT_TRUE(g.Click("cmdPlayA")); }
+    SCOPED_TRACE(fast);
+    ASSERT_TRUE(g.C("cmdCTakesNothing").visible);
+    EXPECT_EQ(g.C("lblDrawPile").caption, CardFace(52));
+    EXPECT_FALSE(g.C("lblDrawPile").enabled);
+    ASSERT_TRUE(g.Click("cmdCTakesNothing"));
+    EXPECT_EQ(g.Field("DiscardTop"), "52");
+    EXPECT_EQ(g.Field("MoveCountB"), "1");
+    EXPECT_EQ(g.Field("TurnOwner"), "1");
+    EXPECT_TRUE(g.C("lblDrawPile").enabled);
+  }
+}
+
+TEST(LearnDisplay, TheJudgementToggleRestoresThePlayersModes) {
+  Game g;
+  ASSERT_TRUE(g.Click("optFastModeOn"));
+  ASSERT_TRUE(g.model.ClickBackground(true));
+  EXPECT_EQ(g.Field("FastMode"), "0");
+  EXPECT_EQ(g.Field("LearnMode"), "1");
+  EXPECT_EQ(g.C("optLearnModeOn").value, 1);
+  EXPECT_TRUE(g.C("lblRangeA(1)").visible);
+  EXPECT_TRUE(g.C("lblGoodBad(10)").visible);
+  ASSERT_TRUE(g.model.ClickBackground(true));
+  EXPECT_EQ(g.Field("FastMode"), "1");
+  EXPECT_EQ(g.Field("LearnMode"), "0");
+  EXPECT_FALSE(g.C("lblRangeB(1)").visible);
+  EXPECT_FALSE(g.model.ClickBackground(false));
+}
+
+}  // namespace
+}  // namespace bq
