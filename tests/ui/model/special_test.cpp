@@ -1,0 +1,198 @@
+// The play options in play: the Switchem opening, the computer's reversal under Backem, and
+// Smackem and Takem for both sides.
+#include "ui/model/game_test_util.h"
+
+namespace bq {
+namespace {
+
+using test::Game;
+
+std::string Stack(const Game& g, int side) { return g.Field(side == 1 ? "Stacks(1)" : "Stacks(2)"); }
+
+TEST(Switchem, AWrongCountClearsTheMarksAndTwoCardsSwapForBothSides) {
+  Game g;
+  ASSERT_TRUE(g.Click("chkSwitchem"));
+  g.NewGameAFirst();
+  const Control& button = g.C("cmdSwitchemA");
+  EXPECT_TRUE(button.visible && button.enabled);
+  EXPECT_EQ(button.caption, "Click on 2 of your cards to swap their positions.  Then click here.");
+  EXPECT_FALSE(g.C("lblDrawPile").enabled);
+  const GameState before = g.model.state();
+  ASSERT_TRUE(g.Click("lblCardA(2)"));
+  ASSERT_TRUE(g.Click("cmdSwitchemA"));
+  EXPECT_EQ(g.C("lblCardA(2)").marked, 0);
+  EXPECT_TRUE(g.C("cmdSwitchemA").visible);
+  ASSERT_TRUE(g.Click("lblCardA(2)"));
+  ASSERT_TRUE(g.Click("lblCardA(7)"));
+  EXPECT_EQ(g.C("lblCardA(2)").marked, 1);  // the selection is kept across clicks
+  ASSERT_TRUE(g.Click("cmdSwitchemA"));
+  EXPECT_EQ(g.model.state().Card(kSideA, 2), before.Card(kSideA, 7));
+  EXPECT_EQ(g.model.state().Card(kSideA, 7), before.Card(kSideA, 2));
+  EXPECT_FALSE(g.C("cmdSwitchemA").visible);
+  EXPECT_EQ(g.Field("MoveCountA"), "1");
+  EXPECT_EQ(g.Field("MoveCountB"), "1");  // the computer's Switchem, applied at once
+  EXPECT_EQ(g.Field("OpponentRowReversed"), "0");  // Backem off: only the dealt orientation
+  EXPECT_EQ(g.C("lblDiscardPile").caption, CardFace(g.model.state().discard_top));
+}
+
+TEST(Switchem, FastModeCompletesOnTheSecondMarkAndLearnModeShowsTheComputersChoice) {
+  Game g;
+  ASSERT_TRUE(g.Click("chkSwitchem"));
+  ASSERT_TRUE(g.Click("optFastModeOn"));
+  ASSERT_TRUE(g.Click("optLearnModeOn"));
+  g.NewGameAFirst();
+  EXPECT_EQ(g.C("cmdSwitchemA").caption, "Click on 2 of your cards to swap their positions.");
+  ASSERT_TRUE(g.Click("lblCardA(1)"));
+  ASSERT_TRUE(g.Click("lblCardA(3)"));
+  EXPECT_EQ(g.Field("MoveCountA"), "1");
+  // Learn Mode shows the computer's Switchem whatever Fast Mode says.
+  ASSERT_TRUE(g.C("cmdSwitchemC").visible);
+  EXPECT_EQ(g.model.Focus(), "cmdSwitchemC");
+  EXPECT_EQ(g.Field("MoveCountB"), "0");
+  ASSERT_TRUE(g.Click("cmdSwitchemC"));
+  EXPECT_EQ(g.Field("MoveCountB"), "1");
+  EXPECT_FALSE(g.C("cmdSwitchemC").visible);
+}
+
+// After A's move the computer, holding an almost descending Stack, turns round under Backem.
+void ComputerReverses(Game& g) {
+  ASSERT_TRUE(g.Click("chkBackem"));
+  ASSERT_TRUE(g.Click("chkSmackem"));
+  ASSERT_TRUE(g.Click("optLearnModeOn"));
+  g.NewGameAFirst();
+  g.Set("Stacks(2)", "95 85 75 65 55 45 35 25 5 15");
+  g.Set("Stacks(1)", "3 50 30 20 10 60 70 2 90 100");
+  g.Set("DrawCards", "61");  // passed on to the computer, which has no place for it
+  ASSERT_TRUE(g.Click("lblDrawPile"));
+  ASSERT_TRUE(g.Click("cmdPlayA"));
+  ASSERT_TRUE(g.C("cmdBackemC").visible);
+  EXPECT_EQ(g.C("cmdBackemC").caption,
+            "Computer will reverse its direction.  Click here to continue.");
+  ASSERT_TRUE(g.Click("cmdBackemC"));
+  for (const char* b : {"cmdCTakesDiscard", "cmdCTakesDraw", "cmdCTakesNothing", "cmdSmackemC"})
+    if (g.C(b).visible) { ASSERT_TRUE(g.Click(b)); }
+  ASSERT_EQ(g.Field("OpponentRowReversed"), "1");
+  ASSERT_EQ(g.Field("TurnOwner"), "1");
+}
+
+TEST(Backem, TheReversedRowKeepsItsScreenPositionsForLabelsMarksAndSmackem) {
+  Game g;
+  ComputerReverses(g);
+  const GameState& s = g.model.state();
+  // Slot i is shown at position N + 1 - i, so the screen still reads as dealt.
+  for (int p = 1; p <= 10; ++p)
+    EXPECT_EQ(g.C("lblCardB(" + std::to_string(p) + ")").caption, CardFace(s.Card(kSideB, 11 - p)));
+  ASSERT_TRUE(g.model.ClickBackground(true));
+  EXPECT_EQ(g.C("lblGoodBad(10)").caption, std::string(1, g.model.judgement().m[1]));
+  ASSERT_TRUE(g.model.ClickBackground(true));
+  const int slot10 = s.Card(kSideB, 10), slot9 = s.Card(kSideB, 9);
+  ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
+  ASSERT_TRUE(g.Click("lblCardB(1)"));
+  ASSERT_TRUE(g.Click("lblCardB(2)"));
+  ASSERT_TRUE(g.Click("cmdSmackemA"));
+  EXPECT_EQ(s.Card(kSideB, 10), slot9);
+  EXPECT_EQ(s.Card(kSideB, 9), slot10);
+}
+
+TEST(Smackem, AWrongCountClearsTheMarksAndTheMoveIsOncePerGame) {
+  Game g;
+  ASSERT_TRUE(g.Click("chkSmackem"));
+  ASSERT_TRUE(g.Click("chkTakem"));
+  ASSERT_TRUE(g.Click("optLearnModeOn"));
+  g.NewGameAFirst();
+  ASSERT_TRUE(g.C("cmdSetupSmackemA").enabled);
+  EXPECT_FALSE(g.C("cmdSetupSmackemB").enabled);  // only on its own side's turn
+  ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
+  EXPECT_EQ(g.C("cmdSmackemA").caption,
+            "Click 2 of your opponent's cards to swap their positions.  Then click here.");
+  EXPECT_FALSE(g.C("lblDiscardPile").enabled);
+  EXPECT_FALSE(g.Click("lblCardA(1)"));
+  const std::string before = Stack(g, 2);
+  for (const char* card : {"lblCardB(1)", "lblCardB(4)", "lblCardB(6)"}) ASSERT_TRUE(g.Click(card));
+  ASSERT_TRUE(g.Click("cmdSmackemA"));
+  EXPECT_EQ(g.C("lblCardB(4)").marked, 0);
+  EXPECT_TRUE(g.C("cmdSmackemA").visible);
+  EXPECT_EQ(g.Field("MoveCountA"), "0");
+  EXPECT_EQ(Stack(g, 2), before);
+  // A second press of the set-up button gives the ordinary turn back.
+  ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
+  EXPECT_FALSE(g.C("cmdSmackemA").visible);
+  EXPECT_TRUE(g.C("lblDiscardPile").enabled);
+  ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
+  ASSERT_TRUE(g.Click("lblCardB(1)"));
+  ASSERT_TRUE(g.Click("lblCardB(4)"));
+  ASSERT_TRUE(g.Click("cmdSmackemA"));
+  EXPECT_EQ(g.Field("MoveCountA"), "1");
+  EXPECT_NE(Stack(g, 2), before);
+  EXPECT_FALSE(g.C("cmdSetupSmackemA").visible);
+  EXPECT_EQ(g.Field("TurnOwner"), "2");  // the computer's move waits in Learn Mode
+}
+
+TEST(Takem, AWrongCountKeepsTheMarksAndBothInOrderIsATie) {
+  Game g;
+  ASSERT_TRUE(g.Click("chkTakem"));
+  g.NewGameAFirst();
+  g.Set("Stacks(1)", "10 20 30 40 50 60 70 80 90 55");
+  g.Set("Stacks(2)", "5 15 25 35 45 100 65 75 85 95");
+  ASSERT_TRUE(g.Click("cmdSetupTakemA"));
+  EXPECT_EQ(g.C("lblCardB(1)").caption, " ");  // face down while picked
+  ASSERT_TRUE(g.Click("lblCardA(10)"));
+  ASSERT_TRUE(g.Click("cmdTakemA"));
+  EXPECT_EQ(g.C("lblCardA(10)").marked, 1);
+  EXPECT_TRUE(g.C("cmdTakemA").visible);
+  ASSERT_TRUE(g.Click("lblCardB(6)"));
+  ASSERT_TRUE(g.Click("cmdTakemA"));
+  EXPECT_EQ(Stack(g, 1), "10 20 30 40 50 60 70 80 90 100");
+  EXPECT_EQ(Stack(g, 2), "5 15 25 35 45 55 65 75 85 95");
+  EXPECT_EQ(g.Field("TurnResult"), "3");
+  EXPECT_TRUE(g.C("cmdBothWin").visible);
+}
+
+TEST(ComputerSmackem, ItCanHandThePlayerTheGame) {
+  for (bool fast : {false, true}) {
+    Game g;
+    ASSERT_TRUE(g.Click("chkSmackem"));
+    if (fast) { ASSERT_TRUE(g.Click("optFastModeOn")); }
+    g.NewGameAFirst();
+    // Nine of the computer's slots settled; the 47 it declines points at the player's slots
+    // 3 and 7, which r1 = r2 = 0 picks.
+    g.Set("Stacks(2)", "5 15 25 35 45 55 65 75 85 3");
+    g.Set("Stacks(1)", "47 20 70 40 50 60 30 80 90 100");
+    g.Set("DiscardTop", "10");
+    g.platform.Script({0.0f, 0.0f});
+    ASSERT_TRUE(g.Click("lblDiscardPile"));
+    ASSERT_TRUE(g.Click("lblCardA(1)"));
+    if (!fast) { ASSERT_TRUE(g.Click("cmdPlayA")); }
+    ASSERT_TRUE(g.C("cmdSmackemC").visible) << "fast " << fast;  // waits in every mode
+    EXPECT_EQ(g.C("lblCardA(3)").marked, 1);
+    EXPECT_EQ(g.C("lblCardA(7)").marked, 1);
+    ASSERT_TRUE(g.Click("cmdSmackemC"));
+    EXPECT_EQ(Stack(g, 1), "10 20 30 40 50 60 70 80 90 100");
+    EXPECT_TRUE(g.C("cmdAWins").visible);
+    EXPECT_FALSE(g.C("cmdSetupSmackemB").visible);
+  }
+}
+
+TEST(ComputerTakem, ItTakesFromThePlayerOnceInTheEndGame) {
+  Game g;
+  ASSERT_TRUE(g.Click("chkTakem"));
+  g.NewGameAFirst();
+  // 20, 45, 30, 50 around a reversed pair: x = 35, so it takes the player's slot 4 for its 45.
+  g.Set("Stacks(2)", "5 20 45 30 50 55 65 75 85 95");
+  g.Set("Stacks(1)", "99 11 12 33 14 15 16 17 18 19");
+  g.Set("DiscardTop", "2");
+  ASSERT_TRUE(g.Click("lblDiscardPile"));
+  ASSERT_TRUE(g.Click("lblCardA(1)"));
+  ASSERT_TRUE(g.Click("cmdPlayA"));
+  ASSERT_TRUE(g.C("cmdTakemC").visible);
+  EXPECT_EQ(g.C("lblCardA(4)").marked, 1);
+  EXPECT_EQ(g.C("lblCardB(3)").marked, 1);
+  ASSERT_TRUE(g.Click("cmdTakemC"));
+  EXPECT_EQ(g.model.state().Card(kSideA, 4), 45);
+  EXPECT_EQ(g.model.state().Card(kSideB, 3), 33);
+  EXPECT_EQ(g.Field("MoveCountB"), "1");
+  EXPECT_FALSE(g.C("cmdSetupTakemB").visible);
+}
+
+}  // namespace
+}  // namespace bq
