@@ -3,7 +3,12 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <deque>
 #include <filesystem>
+#include <functional>
+#include <optional>
+#include <streambuf>
+#include <vector>
 #include <fstream>
 #include <sstream>
 
@@ -122,6 +127,128 @@ TEST_F(DriverTest, StatisticsWindowOpensOnTheCurrentOpponent) {
   EXPECT_NE(out.find("caption=\"Show statistics vs humans\""), std::string::npos);
   EXPECT_TRUE(Has(out, "closed: frmStats"));
   EXPECT_NE(out.find("lblStackB caption=\"Computer's Stack\""), std::string::npos);
+}
+
+}  // namespace
+}  // namespace bq
+
+namespace bq {
+namespace {
+
+// Feeds the driver one line at a time from a callback, so a script can react to the answers.
+class ReactiveInput : public std::streambuf {
+ public:
+  explicit ReactiveInput(std::function<std::optional<std::string>()> next) : next_(next) {}
+
+ protected:
+  int_type underflow() override {
+    const auto line = next_();
+    if (!line) return traits_type::eof();
+    line_ = *line + "\n";
+    setg(line_.data(), line_.data(), line_.data() + line_.size());
+    return traits_type::to_int_type(line_[0]);
+  }
+
+ private:
+  std::function<std::optional<std::string>()> next_;
+  std::string line_;
+};
+
+// The numbers after the last "FIELD=" in the driver's answers.
+std::vector<int> Answer(const std::string& out, const std::string& field) {
+  const auto at = out.rfind(field + "=");
+  std::istringstream line(out.substr(at + field.size() + 1, out.find('\n', at) - at));
+  std::vector<int> values;
+  for (int v; line >> v;) values.push_back(v);
+  return values;
+}
+
+// Side A plays by a simple rule through the driver: put a card into the slot of its tenth (or
+// twentieth) of the deck when that slot holds a misfit; otherwise pass.
+class DriverPlayer {
+ public:
+  explicit DriverPlayer(const std::ostringstream& out) : out_(out) {}
+
+  std::optional<std::string> Next() {
+    if (pending_.empty()) Plan();
+    if (pending_.empty()) return std::nullopt;
+    std::string line = pending_.front();
+    pending_.pop_front();
+    return line;
+  }
+  int rounds() const { return rounds_; }
+
+ private:
+  void Plan() {
+    if (asked_) {
+      asked_ = false;
+      const std::string out = out_.str();
+      if (Answer(out, "TurnResult").at(0) != 0 || ++rounds_ > 3000) return;
+      const auto stack = Answer(out, "Stacks(1)");
+      const int span = Answer(out, "SlotSpan").at(0);
+      const int discard = Answer(out, "DiscardTop").at(0);
+      const auto draw = Answer(out, "DrawCards");
+      const int draw_card = draw.at(static_cast<size_t>(Answer(out, "DrawPos").at(0) - 1));
+      const auto misfit = [&](int card) {
+        const int k = (card - 1) / span + 1;
+        return (stack.at(static_cast<size_t>(k - 1)) - 1) / span + 1 != k ? k : 0;
+      };
+      if (const int k = misfit(discard)) {
+        Push({"click lblDiscardPile", "click lblCardA(" + std::to_string(k) + ")"});
+      } else {
+        Push({"click lblDrawPile"});
+        if (const int k = misfit(draw_card))
+          Push({"click lblCardA(" + std::to_string(k) + ")"});
+        else
+          Push({"click lblDiscardPile"});  // after a look, completes a pass in Fast Mode
+      }
+      Push({"click cmdPlayA", "click cmdCTakesNothing", "click cmdCTakesDiscard",
+            "click cmdCTakesDraw", "click cmdTakemC", "click cmdSmackemC", "click cmdSwitchemC",
+            "click cmdBackemC"});
+      return;
+    }
+    asked_ = true;
+    Push({"get TurnResult", "get Stacks(1)", "get SlotSpan", "get DiscardTop", "get DrawCards",
+          "get DrawPos"});
+  }
+  void Push(std::initializer_list<std::string> lines) {
+    pending_.insert(pending_.end(), lines.begin(), lines.end());
+  }
+
+  const std::ostringstream& out_;
+  std::deque<std::string> pending_;
+  bool asked_ = false;
+  int rounds_ = 0;
+};
+
+TEST_F(DriverTest, EveryOptionCombinationPlaysToItsEnd) {
+  const char* boxes[] = {"chkStackem", "chkBackem", "chkSwitchem", "chkSmackem", "chkTakem",
+                         "chkRandom"};
+  for (unsigned combo = 0; combo < 64; ++combo) {
+    SCOPED_TRACE(testing::Message() << "options " << combo);
+    std::deque<std::string> opening;
+    for (int o = 0; o < 6; ++o)
+      if (combo & (1u << o)) opening.push_back(std::string("click ") + boxes[o]);
+    if (combo % 3 == 1) opening.push_back("click optFastModeOn");
+    if (combo % 3 == 2) opening.push_back("click optLearnModeOn");
+    for (const char* line : {"click cmdNew", "click lblCardA(1)", "click lblCardA(2)",
+                             "click cmdSwitchemA", "click cmdSwitchemC"})
+      opening.push_back(line);
+    std::ostringstream out;
+    DriverPlayer player(out);
+    ReactiveInput input([&]() -> std::optional<std::string> {
+      if (opening.empty()) return player.Next();
+      std::string line = opening.front();
+      opening.pop_front();
+      return line;
+    });
+    std::istream in(&input);
+    options_.seed = combo;
+    ASSERT_EQ(RunHeadless(in, out, options_), 0);
+    EXPECT_EQ(out.str().find("error:"), std::string::npos);
+    EXPECT_LE(player.rounds(), 3000);
+    EXPECT_NE(Answer(out.str(), "TurnResult").at(0), 0);
+  }
 }
 
 }  // namespace
