@@ -5,7 +5,9 @@
 namespace bq {
 namespace {
 
-int Sign(int x) { return (x > 0) - (x < 0); }
+int Sign(int x) {
+  return (x > 0) - (x < 0);
+}
 
 int OrderScore(const GameState& g, int side, bool backem) {
   int score = 0;
@@ -50,9 +52,9 @@ std::string GameState::ToString() const {
     for (int k = 1; k <= stack_size; ++k) out << ' ' << Card(side, k);
     out << '\n';
   }
-  out << "discard " << discard_top << " draw " << DrawTop() << " (" << draw_pos << '/'
-      << draw_count << ") buried " << buried_count << " turn " << turn_owner << " result "
-      << turn_result << " moves " << move_count_a << '/' << move_count_b
+  out << "discard " << discard_top << " draw " << DrawTop() << " (" << draw_pos << '/' << draw_count
+      << ") buried " << buried_count << " turn " << turn_owner << " result " << turn_result
+      << " moves " << move_count_a << '/' << move_count_b
       << (opponent_row_reversed ? " reversed" : "") << '\n';
   return out.str();
 }
@@ -109,9 +111,13 @@ void Bury(GameState& g) {
   g.buried[static_cast<size_t>(g.buried_count)] = g.discard_top;
 }
 
-void DiscardReplaced(GameState& g, int replaced_card) { g.discard_top = replaced_card; }
+void DiscardReplaced(GameState& g, int replaced_card) {
+  g.discard_top = replaced_card;
+}
 
-void DiscardDrawn(GameState& g) { g.discard_top = g.DrawTop(); }
+void DiscardDrawn(GameState& g) {
+  g.discard_top = g.DrawTop();
+}
 
 bool AdvanceDraw(GameState& g, Rng& rng) {
   ++g.draw_pos;

@@ -49,15 +49,15 @@ struct GameState {
   void StackemOff();
 
   int DrawTop() const { return draw_cards[static_cast<size_t>(draw_pos)]; }
-  int& Card(int side, int slot) { return stacks[static_cast<size_t>(side)][static_cast<size_t>(slot)]; }
+  int& Card(int side, int slot) {
+    return stacks[static_cast<size_t>(side)][static_cast<size_t>(slot)];
+  }
   int Card(int side, int slot) const {
     return stacks[static_cast<size_t>(side)][static_cast<size_t>(slot)];
   }
   // The lblCardB position that shows slot (and the slot shown at a position: the map is its own
   // inverse).
-  int DisplayPos(int slot) const {
-    return opponent_row_reversed ? stack_size + 1 - slot : slot;
-  }
+  int DisplayPos(int slot) const { return opponent_row_reversed ? stack_size + 1 - slot : slot; }
   // Reverses side B's slots 1..StackSize in place.
   void ReverseSideB();
 

@@ -1,18 +1,18 @@
 // The headless driver end to end: a script from start through a game to exit, and the file it
 // leaves behind.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <deque>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <optional>
+#include <sstream>
 #include <streambuf>
 #include <vector>
-#include <fstream>
-#include <sstream>
 
 #include "app/driver.h"
+#include "support/temp_settings.h"
 
 namespace bq {
 namespace {
@@ -20,12 +20,9 @@ namespace {
 class DriverTest : public testing::Test {
  protected:
   DriverTest() {
-    dir_ = std::filesystem::temp_directory_path() / ("bq-driver-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(dir_);
-    options_.settings_path = (dir_ / "Bramblequay.INI").string();
+    options_.settings_path = file_.path();
     options_.seed = 42;
   }
-  ~DriverTest() override { std::filesystem::remove_all(dir_); }
 
   std::string Run(const std::string& script) {
     std::istringstream in(script);
@@ -33,14 +30,9 @@ class DriverTest : public testing::Test {
     EXPECT_EQ(RunHeadless(in, out, options_), 0);
     return out.str();
   }
-  std::string Settings() const {
-    std::ifstream in(options_.settings_path);
-    std::stringstream text;
-    text << in.rdbuf();
-    return text.str();
-  }
+  std::string Settings() const { return file_.Read(); }
 
-  std::filesystem::path dir_;
+  test::TempSettings file_;
   DriverOptions options_;
 };
 
@@ -49,34 +41,38 @@ bool Has(const std::string& text, const std::string& line) {
 }
 
 TEST_F(DriverTest, AWholeGameFromStartToExitLeavesItsResultInTheFile) {
-  const std::string out = Run(
-      "show cmdNew\n"
-      "get StackSize\n"
-      "click cmdNew\n"
-      "show cmdNew\n"
-      "set Stacks(1) 5 15 25 35 45 55 65 75 85 99\n"
-      "set DiscardTop 95\n"
-      "show lblCardA(10)\n"
-      "click lblDiscardPile\n"
-      "click lblCardA(10)\n"
-      "click cmdPlayA\n"
-      "get TurnResult\n"
-      "show cmdAWins\n"
-      "click cmdAWins\n"
-      "sounds\n"
-      "close frmGame\n"
-      "show cmdNew\n");
-  EXPECT_TRUE(Has(out, "cmdNew caption=\"Start &New Game\" visible=1 enabled=1 marked=0 value=0 "
-                       "focus=1"))
+  const std::string out =
+      Run("show cmdNew\n"
+          "get StackSize\n"
+          "click cmdNew\n"
+          "show cmdNew\n"
+          "set Stacks(1) 5 15 25 35 45 55 65 75 85 99\n"
+          "set DiscardTop 95\n"
+          "show lblCardA(10)\n"
+          "click lblDiscardPile\n"
+          "click lblCardA(10)\n"
+          "click cmdPlayA\n"
+          "get TurnResult\n"
+          "show cmdAWins\n"
+          "click cmdAWins\n"
+          "sounds\n"
+          "close frmGame\n"
+          "show cmdNew\n");
+  EXPECT_TRUE(Has(out,
+                  "cmdNew caption=\"Start &New Game\" visible=1 enabled=1 marked=0 value=0 "
+                  "focus=1"))
       << out;
   EXPECT_TRUE(Has(out, "StackSize=10"));
-  EXPECT_TRUE(Has(out, "cmdNew caption=\"Start &New Game\" visible=0 enabled=0 marked=0 value=0 "
-                       "focus=0"));
-  EXPECT_TRUE(Has(out, "lblCardA(10) caption=\"         99 \" visible=1 enabled=1 marked=0 "
-                       "value=0 focus=0"));
+  EXPECT_TRUE(Has(out,
+                  "cmdNew caption=\"Start &New Game\" visible=0 enabled=0 marked=0 value=0 "
+                  "focus=0"));
+  EXPECT_TRUE(Has(out,
+                  "lblCardA(10) caption=\"         99 \" visible=1 enabled=1 marked=0 "
+                  "value=0 focus=0"));
   EXPECT_TRUE(Has(out, "TurnResult=1"));
-  EXPECT_TRUE(Has(out, "cmdAWins caption=\"    You win.    Click here to continue.\" visible=1 "
-                       "enabled=1 marked=0 value=0 focus=1"));
+  EXPECT_TRUE(Has(out,
+                  "cmdAWins caption=\"    You win.    Click here to continue.\" visible=1 "
+                  "enabled=1 marked=0 value=0 focus=1"));
   // Nothing runs after the exit sequence: the last show never answers.
   size_t shows = 0;
   for (size_t at = out.find("cmdNew caption="); at != std::string::npos;
@@ -90,17 +86,17 @@ TEST_F(DriverTest, AWholeGameFromStartToExitLeavesItsResultInTheFile) {
 }
 
 TEST_F(DriverTest, LinesItCannotCarryOutAreAnsweredAndTheRunGoesOn) {
-  const std::string out = Run(
-      "frobnicate\n"
-      "click lblNoSuchThing\n"
-      "click cmdQuit\n"
-      "get NoSuchField\n"
-      "set Stacks(1) 1 2 3\n"
-      "click background alt\n"
-      "type txtIPB 10.0.0.1\n"
-      "wait x\n"
-      "close frmNowhere\n"
-      "get DrawCount\n");
+  const std::string out =
+      Run("frobnicate\n"
+          "click lblNoSuchThing\n"
+          "click cmdQuit\n"
+          "get NoSuchField\n"
+          "set Stacks(1) 1 2 3\n"
+          "click background alt\n"
+          "type txtIPB 10.0.0.1\n"
+          "wait x\n"
+          "close frmNowhere\n"
+          "get DrawCount\n");
   EXPECT_TRUE(Has(out, "error: unknown command frobnicate"));
   EXPECT_TRUE(Has(out, "error: unknown control lblNoSuchThing"));
   EXPECT_TRUE(Has(out, "ignored: cmdQuit"));
@@ -114,14 +110,14 @@ TEST_F(DriverTest, LinesItCannotCarryOutAreAnsweredAndTheRunGoesOn) {
 }
 
 TEST_F(DriverTest, StatisticsWindowOpensOnTheCurrentOpponent) {
-  std::ofstream(options_.settings_path) << "[StatsVsComputer]\nWins7=1\nLosses7=1\nTies7=1\n";
-  const std::string out = Run(
-      "click mnuStats\n"
-      "show frmStats.lblWinsPct(7)\n"
-      "show frmStats.cmdShowOtherStats\n"
-      "click cmdNew\n"
-      "click frmStats.cmdCloseStats\n"
-      "show lblStackB\n");
+  file_.Write("[StatsVsComputer]\nWins7=1\nLosses7=1\nTies7=1\n");
+  const std::string out =
+      Run("click mnuStats\n"
+          "show frmStats.lblWinsPct(7)\n"
+          "show frmStats.cmdShowOtherStats\n"
+          "click cmdNew\n"
+          "click frmStats.cmdCloseStats\n"
+          "show lblStackB\n");
   EXPECT_TRUE(Has(out, "open: frmStats"));
   EXPECT_NE(out.find("frmStats.lblWinsPct(7) caption=\"33.33%\""), std::string::npos);
   EXPECT_NE(out.find("caption=\"Show statistics vs humans\""), std::string::npos);
@@ -222,8 +218,8 @@ class DriverPlayer {
 };
 
 TEST_F(DriverTest, EveryOptionCombinationPlaysToItsEnd) {
-  const char* boxes[] = {"chkStackem", "chkBackem", "chkSwitchem", "chkSmackem", "chkTakem",
-                         "chkRandom"};
+  const char* boxes[] = {"chkStackem", "chkBackem", "chkSwitchem",
+                         "chkSmackem", "chkTakem",  "chkRandom"};
   for (unsigned combo = 0; combo < 64; ++combo) {
     SCOPED_TRACE(testing::Message() << "options " << combo);
     std::deque<std::string> opening;

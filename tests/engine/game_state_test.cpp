@@ -4,7 +4,7 @@
 #include <numeric>
 
 #include "engine/game_state.h"
-#include "engine/scripted_rng.h"
+#include "support/scripted_rng.h"
 
 namespace bq {
 namespace {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/temp_settings.h"
+
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
@@ -15,27 +17,12 @@ namespace fs = std::filesystem;
 
 class SettingsTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    const auto stamp = std::chrono::steady_clock::now().time_since_epoch().count();
-    dir_ = fs::temp_directory_path() /
-           ("bq_settings_" +
-            std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()) + "_" +
-            std::to_string(stamp));
-    fs::create_directories(dir_);
-    path_ = (dir_ / "Bramblequay.INI").string();
-  }
-  void TearDown() override { fs::remove_all(dir_); }
+  void WriteFile(const std::string& text) { file_.Write(text); }
+  std::string ReadFile() const { return file_.Read(); }
 
-  void WriteFile(const std::string& text) { std::ofstream(path_, std::ios::binary) << text; }
-  std::string ReadFile() const {
-    std::ifstream in(path_, std::ios::binary);
-    std::stringstream ss;
-    ss << in.rdbuf();
-    return ss.str();
-  }
-
-  fs::path dir_;
-  std::string path_;
+  test::TempSettings file_;
+  const std::filesystem::path& dir_ = file_.dir();
+  const std::string path_ = file_.path();
 };
 
 // Distinct values everywhere, so a key written from the wrong field shows.

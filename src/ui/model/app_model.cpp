@@ -11,9 +11,13 @@ AppModel::AppModel(Platform& platform, std::string settings_path)
 
 AppModel::~AppModel() = default;
 
-void AppModel::Load() { game_.Load(); }
+void AppModel::Load() {
+  game_.Load();
+}
 
-ConfirmClearModel& AppModel::confirm() { return stats_->Confirm(); }
+ConfirmClearModel& AppModel::confirm() {
+  return stats_->Confirm();
+}
 
 WindowModel* AppModel::Window(std::string_view name) {
   if (name == "frmGame") return &game_;
@@ -43,7 +47,9 @@ Control* AppModel::Find(std::string_view full_name) {
   return w ? w->Find(control) : nullptr;
 }
 
-bool AppModel::Modal() const { return stats_->Confirm().IsOpen(); }
+bool AppModel::Modal() const {
+  return stats_->Confirm().IsOpen();
+}
 
 AppModel::Result AppModel::Click(std::string_view full_name) {
   const auto [window, name] = Split(full_name);
@@ -79,8 +85,8 @@ AppModel::Result AppModel::ClickBackground(bool ctrl_alt) {
 AppModel::Result AppModel::Close(std::string_view window) {
   if (Window(window) == nullptr) return Result::kUnknown;
   if (!IsOpen(window)) return Result::kIgnored;
-  if (window == "frmConfirmClearStats") return stats_->Confirm().Close() ? Result::kDone
-                                                                          : Result::kIgnored;
+  if (window == "frmConfirmClearStats")
+    return stats_->Confirm().Close() ? Result::kDone : Result::kIgnored;
   if (window == "frmStats") {
     if (Modal()) return Result::kIgnored;
     return stats_->Close() ? Result::kDone : Result::kIgnored;

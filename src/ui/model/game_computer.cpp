@@ -117,7 +117,9 @@ void GameModel::CompleteComputerNothing() {
 }
 
 // Side B's card labels are on show during the computer's special moves when the player watches.
-static bool ShowB(bool judgement_shown, bool learn_mode) { return judgement_shown || learn_mode; }
+static bool ShowB(bool judgement_shown, bool learn_mode) {
+  return judgement_shown || learn_mode;
+}
 
 bool GameModel::ComputerTakemDecision() {
   if (!Checked(kTakem) || takem_used_[kSideB] || !ai::WantsTakem(judge_)) return false;

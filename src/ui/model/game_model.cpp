@@ -85,17 +85,13 @@ GameModel::GameModel(Platform& platform, std::string settings_path)
   Set(cmdSwitchemB, "Click on 2 of your cards to swap their positions.  Then click here.");
   Set(cmdSwitchemC,
       "Computer will swap the positions of 2 cards in its stack.  Click here to continue.");
-  Set(cmdSmackemA,
-      "Click 2 of your opponent's cards to swap their positions.  Then click here.");
-  Set(cmdSmackemB,
-      "Opponent will swap the positions of 2 of your cards.  Click here to continue.");
+  Set(cmdSmackemA, "Click 2 of your opponent's cards to swap their positions.  Then click here.");
+  Set(cmdSmackemB, "Opponent will swap the positions of 2 of your cards.  Click here to continue.");
   Set(cmdSmackemC,
       "Computer will swap the positions of 2 cards in your stack.  Click here to continue.");
-  Set(cmdTakemA,
-      "Click 1 of your cards and 1 of your opponent's to swap them.  Then click here.");
+  Set(cmdTakemA, "Click 1 of your cards and 1 of your opponent's to swap them.  Then click here.");
   Set(cmdTakemB, "Opponent will swap 1 of your cards for 1 of his.  Click here to continue.");
-  Set(cmdTakemC,
-      "Computer will swap one of its cards for one of yours.  Click here to continue.");
+  Set(cmdTakemC, "Computer will swap one of its cards for one of yours.  Click here to continue.");
   Set(mnuFile, "File");
   Set(mnuFileNewGame, "Start &New Game");
   Set(mnuFileQuitGame, "&Quit This Game");
@@ -221,21 +217,31 @@ void GameModel::RegisterControls() {
 
 Control& GameModel::OptionBox(Option o) {
   switch (o) {
-    case kStackem: return chkStackem;
-    case kBackem: return chkBackem;
-    case kSwitchem: return chkSwitchem;
-    case kSmackem: return chkSmackem;
-    default: return chkTakem;
+    case kStackem:
+      return chkStackem;
+    case kBackem:
+      return chkBackem;
+    case kSwitchem:
+      return chkSwitchem;
+    case kSmackem:
+      return chkSmackem;
+    default:
+      return chkTakem;
   }
 }
 
 Control& GameModel::OptionMenu(Option o) {
   switch (o) {
-    case kStackem: return mnuOptionsStackem;
-    case kBackem: return mnuOptionsBackem;
-    case kSwitchem: return mnuOptionsSwitchem;
-    case kSmackem: return mnuOptionsSmackem;
-    default: return mnuOptionsTakem;
+    case kStackem:
+      return mnuOptionsStackem;
+    case kBackem:
+      return mnuOptionsBackem;
+    case kSwitchem:
+      return mnuOptionsSwitchem;
+    case kSmackem:
+      return mnuOptionsSmackem;
+    default:
+      return mnuOptionsTakem;
   }
 }
 
@@ -382,8 +388,8 @@ bool GameModel::RightClick(std::string_view name) {
   const auto [base, index] = SplitIndex(name);
   if (base != "lblCardA" || index < 1 || index > N()) return false;
   const Control& card = lblCardA[static_cast<size_t>(index)];
-  if (!card.visible || !card.enabled || !game_running_ || game_over_ ||
-      g_.turn_owner != kSideA || selecting_ != Selecting::kNone || pending_ != Pending::kNone)
+  if (!card.visible || !card.enabled || !game_running_ || game_over_ || g_.turn_owner != kSideA ||
+      selecting_ != Selecting::kNone || pending_ != Pending::kNone)
     return false;
   popup_slot_ = index;
   // Once the Draw Pile card has been seen, the Discard Pile card can no longer be taken.

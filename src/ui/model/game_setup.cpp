@@ -36,11 +36,12 @@ void GameModel::Load() {
   }
   lblDiscardPile.enabled = false;
   lblDrawPile.enabled = false;
-  for (Control* c : {&cmdPlayA, &cmdPlayB, &cmdAWins, &cmdBWins, &cmdCWins, &cmdBothWin,
-                     &cmdCTakesDiscard, &cmdCTakesDraw, &cmdCTakesNothing, &cmdBackemC,
-                     &cmdSwitchemA, &cmdSwitchemB, &cmdSwitchemC, &cmdSmackemA, &cmdSmackemB,
-                     &cmdSmackemC, &cmdTakemA, &cmdTakemB, &cmdTakemC, &cmdQuit, &lblMoveCount,
-                     &lblMoveCountA, &lblMoveCountB})
+  for (Control* c :
+       {&cmdPlayA,     &cmdPlayB,         &cmdAWins,      &cmdBWins,         &cmdCWins,
+        &cmdBothWin,   &cmdCTakesDiscard, &cmdCTakesDraw, &cmdCTakesNothing, &cmdBackemC,
+        &cmdSwitchemA, &cmdSwitchemB,     &cmdSwitchemC,  &cmdSmackemA,      &cmdSmackemB,
+        &cmdSmackemC,  &cmdTakemA,        &cmdTakemB,     &cmdTakemC,        &cmdQuit,
+        &lblMoveCount, &lblMoveCountA,    &lblMoveCountB})
     Hide(*c);
   mnuFileQuitGame.enabled = false;
   mnuPopupFileQuitGame.enabled = false;
@@ -255,12 +256,29 @@ void GameModel::NewGame() {
 
 void GameModel::LockControlsForGame() {
   for (int o = 0; o < kOptionCount; ++o) OptionBox(Option(o)).enabled = false;
-  for (Control* c : {&chkRandom, &mnuOptionsStackem, &mnuOptionsBackem, &mnuOptionsSwitchem,
-                     &mnuOptionsSmackem, &mnuOptionsTakem, &mnuOptionsRandom, &optVsComputer,
-                     &optVsHuman, &mnuVsComputer, &mnuVsHuman, &cmdSetupRemoteOpponent,
-                     &mnuSetupRemoteOpponent, &optFastModeOn, &optFastModeOff, &optLearnModeOn,
-                     &optLearnModeOff, &mnuFastModeOn, &mnuFastModeOff, &mnuLearnModeOn,
-                     &mnuLearnModeOff, &mnuFileNewGame, &mnuPopupFileNewGame})
+  for (Control* c : {&chkRandom,
+                     &mnuOptionsStackem,
+                     &mnuOptionsBackem,
+                     &mnuOptionsSwitchem,
+                     &mnuOptionsSmackem,
+                     &mnuOptionsTakem,
+                     &mnuOptionsRandom,
+                     &optVsComputer,
+                     &optVsHuman,
+                     &mnuVsComputer,
+                     &mnuVsHuman,
+                     &cmdSetupRemoteOpponent,
+                     &mnuSetupRemoteOpponent,
+                     &optFastModeOn,
+                     &optFastModeOff,
+                     &optLearnModeOn,
+                     &optLearnModeOff,
+                     &mnuFastModeOn,
+                     &mnuFastModeOff,
+                     &mnuLearnModeOn,
+                     &mnuLearnModeOff,
+                     &mnuFileNewGame,
+                     &mnuPopupFileNewGame})
     c->enabled = false;
   Hide(cmdNew);
   Show(cmdQuit, true, vs_computer_);
@@ -270,10 +288,10 @@ void GameModel::LockControlsForGame() {
   Show(cmdSetupSmackemB, Checked(kSmackem), false);
   Show(cmdSetupTakemA, Checked(kTakem), false);
   Show(cmdSetupTakemB, Checked(kTakem), false);
-  for (Control* c : {&cmdAWins, &cmdBWins, &cmdCWins, &cmdBothWin, &cmdPlayA, &cmdPlayB,
-                     &cmdCTakesDiscard, &cmdCTakesDraw, &cmdCTakesNothing, &cmdBackemC,
-                     &cmdSwitchemA, &cmdSwitchemB, &cmdSwitchemC, &cmdSmackemA, &cmdSmackemB,
-                     &cmdSmackemC, &cmdTakemA, &cmdTakemB, &cmdTakemC})
+  for (Control* c :
+       {&cmdAWins, &cmdBWins, &cmdCWins, &cmdBothWin, &cmdPlayA, &cmdPlayB, &cmdCTakesDiscard,
+        &cmdCTakesDraw, &cmdCTakesNothing, &cmdBackemC, &cmdSwitchemA, &cmdSwitchemB, &cmdSwitchemC,
+        &cmdSmackemA, &cmdSmackemB, &cmdSmackemC, &cmdTakemA, &cmdTakemB, &cmdTakemC})
     Hide(*c);
   for (int k = 1; k <= kMaxStackSize; ++k) {
     lblCardA[static_cast<size_t>(k)].marked = 0;
@@ -313,10 +331,17 @@ void GameModel::ShowDeal() {
 
 void GameModel::EndIfDecided() {
   switch (g_.turn_result) {
-    case kTie: Ending(Outcome::kTie, cmdBothWin); break;
-    case kAInOrder: Ending(Outcome::kWin, cmdAWins); break;
-    case kBInOrder: Ending(Outcome::kLoss, vs_computer_ ? cmdCWins : cmdBWins); break;
-    default: break;
+    case kTie:
+      Ending(Outcome::kTie, cmdBothWin);
+      break;
+    case kAInOrder:
+      Ending(Outcome::kWin, cmdAWins);
+      break;
+    case kBInOrder:
+      Ending(Outcome::kLoss, vs_computer_ ? cmdCWins : cmdBWins);
+      break;
+    default:
+      break;
   }
 }
 
@@ -403,10 +428,10 @@ void GameModel::QuitGame() {
                      &optFastModeOff, &optLearnModeOn, &optLearnModeOff, &mnuFastModeOn,
                      &mnuFastModeOff, &mnuLearnModeOn, &mnuLearnModeOff})
     c->enabled = true;
-  for (Control* c : {&cmdAWins, &cmdBWins, &cmdCWins, &cmdBothWin, &cmdPlayA, &cmdPlayB,
-                     &cmdCTakesDiscard, &cmdCTakesDraw, &cmdCTakesNothing, &cmdBackemC,
-                     &cmdSwitchemA, &cmdSwitchemB, &cmdSwitchemC, &cmdSmackemA, &cmdSmackemB,
-                     &cmdSmackemC, &cmdTakemA, &cmdTakemB, &cmdTakemC})
+  for (Control* c :
+       {&cmdAWins, &cmdBWins, &cmdCWins, &cmdBothWin, &cmdPlayA, &cmdPlayB, &cmdCTakesDiscard,
+        &cmdCTakesDraw, &cmdCTakesNothing, &cmdBackemC, &cmdSwitchemA, &cmdSwitchemB, &cmdSwitchemC,
+        &cmdSmackemA, &cmdSmackemB, &cmdSmackemC, &cmdTakemA, &cmdTakemB, &cmdTakemC})
     Hide(*c);
   Show(cmdSetupSmackemA, Checked(kSmackem), false);
   Show(cmdSetupSmackemB, Checked(kSmackem), false);

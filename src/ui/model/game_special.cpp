@@ -10,7 +10,9 @@ constexpr const char* kSmackemFast = "Click 2 of your opponent's cards to swap t
 constexpr const char* kTakemFast = "Click 1 of your cards and 1 of your opponent's to swap them.";
 constexpr const char* kThenClick = "  Then click here.";
 
-int Clamp(int slot, int n) { return slot < 1 ? 1 : slot > n ? n : slot; }
+int Clamp(int slot, int n) {
+  return slot < 1 ? 1 : slot > n ? n : slot;
+}
 
 }  // namespace
 

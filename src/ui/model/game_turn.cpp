@@ -52,8 +52,7 @@ void GameModel::OfferSetupButtons() {
   const bool a_turn = g_.turn_owner == kSideA && selecting_ == Selecting::kNone;
   Show(cmdSetupSmackemA, Checked(kSmackem) && !smackem_used_[kSideA],
        a_turn && lblDrawPile.marked == 0);
-  Show(cmdSetupTakemA, Checked(kTakem) && !takem_used_[kSideA],
-       a_turn && lblDrawPile.marked == 0);
+  Show(cmdSetupTakemA, Checked(kTakem) && !takem_used_[kSideA], a_turn && lblDrawPile.marked == 0);
   Show(cmdSetupSmackemB, Checked(kSmackem) && !smackem_used_[kSideB], false);
   Show(cmdSetupTakemB, Checked(kTakem) && !takem_used_[kSideB], false);
 }
@@ -90,7 +89,7 @@ void GameModel::StartTurnB() {
 
 // Nothing belongs to side A while the computer moves, a special move is on show, or a result
 // waits to be acknowledged.
-#define BQ_REQUIRE_A_TURN()                                                              \
+#define BQ_REQUIRE_A_TURN()                                                                  \
   if (!game_running_ || game_over_ || g_.turn_owner != kSideA || pending_ != Pending::kNone) \
   return false
 
@@ -168,8 +167,7 @@ bool GameModel::ClickCardB(int pos) {
   card.marked ^= 1;
   if (selecting_ == Selecting::kTakemA) {
     if (card.marked == 1) takem_positions_[2] = pos;
-    if (fast_mode_ && MarkedCount(lblCardA) == 1 && MarkedCount(lblCardB) == 1)
-      CompleteTakemA();
+    if (fast_mode_ && MarkedCount(lblCardA) == 1 && MarkedCount(lblCardB) == 1) CompleteTakemA();
   } else if (fast_mode_ && MarkedCount(lblCardB) == 2) {
     CompleteSmackemA();
   }

@@ -6,7 +6,6 @@ namespace bq {
 namespace {
 
 using test::Game;
-using test::ReadFile;
 
 TEST(StartUp, NoFileMeansComputerNoOptionsModesOffAndExitWritesEveryKey) {
   Game g;
@@ -23,7 +22,7 @@ TEST(StartUp, NoFileMeansComputerNoOptionsModesOffAndExitWritesEveryKey) {
   EXPECT_FALSE(g.C("mnuSetupRemoteOpponent").enabled);
   g.model.set_window_position(1200, 450);
   g.model.Exit();
-  const std::string text = ReadFile(g.file.path());
+  const std::string text = g.file.Read();
   for (const char* line : {"Left=1200", "Top=450", "SetOpponent=1", "SetFastMode=2",
                            "SetLearnMode=2", "Wins8=0", "TStreak=0", "[StatsVsHumans]"})
     EXPECT_NE(text.find(line), std::string::npos) << line;
@@ -53,7 +52,7 @@ TEST(StartUp, NarrowScreenRefusesStackemAndTheNextSaveSaysSo) {
   EXPECT_FALSE(g.C("chkStackem").enabled);
   EXPECT_FALSE(g.C("mnuOptionsStackem").enabled);
   g.model.Exit();
-  EXPECT_NE(ReadFile(g.file.path()).find("SetStackem=0"), std::string::npos);
+  EXPECT_NE(g.file.Read().find("SetStackem=0"), std::string::npos);
 }
 
 TEST(Options, MenuItemsAndBoxesAreTwoViewsOfOneState) {
@@ -108,7 +107,7 @@ TEST(Options, RandomDrawsEachOptionAndIsRememberedAsRandomOnly) {
   EXPECT_EQ(g.Field("StackSize"), "20");
   EXPECT_EQ(g.C("chkStackem").marked, 1);  // checked options stand out during the game
   g.model.Exit();
-  const std::string text = ReadFile(g.file.path());
+  const std::string text = g.file.Read();
   EXPECT_NE(text.find("SetRandom=1"), std::string::npos);
   EXPECT_NE(text.find("SetStackem=0"), std::string::npos);
   EXPECT_NE(text.find("SetSwitchem=0"), std::string::npos);
@@ -134,7 +133,7 @@ TEST(Game, LockingAndQuittingTheControls) {
   EXPECT_TRUE(g.C("lblCardB(1)").visible);  // the board is revealed
   EXPECT_FALSE(g.C("lblMoveCountA").visible);
   EXPECT_EQ(g.Field("MoveCountA"), "0");
-  EXPECT_FALSE(g.Click("lblCardA(1)"));  // no game, no move
+  EXPECT_FALSE(g.Click("lblCardA(1)"));               // no game, no move
   EXPECT_FALSE(std::ifstream(g.file.path()).good());  // quitting records nothing
 }
 
@@ -158,7 +157,7 @@ TEST(Game, AWinRecordsTheResultAndTheButtonLeadsBackToNewGame) {
   EXPECT_TRUE(g.C("lblCardB(3)").visible);
   EXPECT_NE(g.C("lblDrawPile").caption, kFaceDown);
   EXPECT_FALSE(g.Click("lblDrawPile"));  // nothing more to play
-  const std::string text = ReadFile(g.file.path());
+  const std::string text = g.file.Read();
   for (const char* line : {"Wins1=1", "Wins7=1", "Wins8=1", "WStreak=1", "LastWinner=1"})
     EXPECT_NE(text.find(line), std::string::npos) << line;
   ASSERT_TRUE(g.Click("cmdAWins"));
@@ -188,11 +187,11 @@ TEST(Game, StatisticsClearedInTheFileSurviveTheNextGameEnd) {
   ASSERT_TRUE(g.Click("lblDiscardPile"));
   ASSERT_TRUE(g.Click("lblCardA(10)"));
   ASSERT_TRUE(g.Click("cmdPlayA"));
-  const std::string text = ReadFile(g.file.path());
+  const std::string text = g.file.Read();
   EXPECT_NE(text.find("Wins1=1\n"), std::string::npos);
   EXPECT_NE(text.find("Wins7=1\n"), std::string::npos);
   g.model.Exit();
-  EXPECT_NE(ReadFile(g.file.path()).find("Wins7=1\n"), std::string::npos);
+  EXPECT_NE(g.file.Read().find("Wins7=1\n"), std::string::npos);
 }
 
 TEST(Game, UnwritableSettingsAreReportedOnceAndNeverCrash) {

@@ -12,13 +12,6 @@
 
 namespace bq::test {
 
-inline std::string ReadFile(const std::string& path) {
-  std::ifstream in(path);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
 // A loaded game window over a temporary settings file.
 struct Game {
   explicit Game(const std::string& settings_text = "", int screen_width = 1920) {
@@ -40,8 +33,7 @@ struct Game {
   // Starts a game with a fixed shuffle in which side A moves first.
   void NewGameAFirst() {
     std::mt19937 shuffle(2024);  // a shuffle that deals neither Stack in order
-    for (int i = 0; i < 100; ++i)
-      platform.Script({static_cast<float>(shuffle() >> 8) * 0x1p-24f});
+    for (int i = 0; i < 100; ++i) platform.Script({static_cast<float>(shuffle() >> 8) * 0x1p-24f});
     platform.Script({0.1f});
     ASSERT_TRUE(Click("cmdNew"));
     ASSERT_EQ(model.GetField("TurnResult"), "0");

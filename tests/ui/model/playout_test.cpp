@@ -45,8 +45,8 @@ class Player {
 
   // One decision of side A, or one press of a waiting computer button.
   void Step() {
-    for (const char* button : {"cmdCTakesDiscard", "cmdCTakesDraw", "cmdCTakesNothing",
-                               "cmdTakemC", "cmdSmackemC", "cmdSwitchemC", "cmdBackemC"}) {
+    for (const char* button : {"cmdCTakesDiscard", "cmdCTakesDraw", "cmdCTakesNothing", "cmdTakemC",
+                               "cmdSmackemC", "cmdSwitchemC", "cmdBackemC"}) {
       if (Up(g_, button)) {
         ASSERT_TRUE(g_.Click(button));
         return;
@@ -58,7 +58,9 @@ class Player {
       const int a = Slot(n), b = a % n + 1;
       g_.Click(Card('A', a));
       g_.Click(Card('A', b));
-      if (Up(g_, "cmdSwitchemA")) { ASSERT_TRUE(g_.Click("cmdSwitchemA")); }
+      if (Up(g_, "cmdSwitchemA")) {
+        ASSERT_TRUE(g_.Click("cmdSwitchemA"));
+      }
       return;
     }
     ASSERT_EQ(s.turn_owner, kSideA) << "side A is stuck waiting";
@@ -83,9 +85,13 @@ class Player {
   static bool Fits(const GameState& s, int k) { return Ideal(s, s.Card(kSideA, k)) == k; }
 
   void Move(const char* pile, int slot) {
-    if (pile) { ASSERT_TRUE(g_.Click(pile)); }
+    if (pile) {
+      ASSERT_TRUE(g_.Click(pile));
+    }
     ASSERT_TRUE(g_.Click(Card('A', slot)));
-    if (Up(g_, "cmdPlayA")) { ASSERT_TRUE(g_.Click("cmdPlayA")); }
+    if (Up(g_, "cmdPlayA")) {
+      ASSERT_TRUE(g_.Click("cmdPlayA"));
+    }
   }
 
   void Special(const char* setup, int own, int theirs) {
@@ -95,7 +101,9 @@ class Player {
     if (own) g_.Click(Card('A', Slot(n)));
     for (int i = 0; i < theirs; ++i) g_.Click(Card('B', (b + i - 1) % n + 1));
     for (const char* done : {"cmdSmackemA", "cmdTakemA"})
-      if (Up(g_, done)) { ASSERT_TRUE(g_.Click(done)); }
+      if (Up(g_, done)) {
+        ASSERT_TRUE(g_.Click(done));
+      }
   }
 
   Game& g_;
@@ -103,8 +111,8 @@ class Player {
 };
 
 TEST(Playout, EverySeededGameEndsWithAValidResultAndLosesNoCard) {
-  const char* boxes[] = {"chkStackem", "chkBackem", "chkSwitchem", "chkSmackem", "chkTakem",
-                         "chkRandom"};
+  const char* boxes[] = {"chkStackem", "chkBackem", "chkSwitchem",
+                         "chkSmackem", "chkTakem",  "chkRandom"};
   int decided[4] = {};
   for (unsigned seed = 0; seed < 192; ++seed) {
     SCOPED_TRACE(testing::Message() << "seed " << seed);
@@ -112,9 +120,15 @@ TEST(Playout, EverySeededGameEndsWithAValidResultAndLosesNoCard) {
     g.platform = test::FakePlatform(seed);
     const unsigned options = seed % 64;
     for (int o = 0; o < 6; ++o)
-      if (options & (1u << o)) { ASSERT_TRUE(g.Click(boxes[o])); }
-    if ((seed / 64) % 3 == 1) { ASSERT_TRUE(g.Click("optFastModeOn")); }
-    if ((seed / 64) % 3 == 2) { ASSERT_TRUE(g.Click("optLearnModeOn")); }
+      if (options & (1u << o)) {
+        ASSERT_TRUE(g.Click(boxes[o]));
+      }
+    if ((seed / 64) % 3 == 1) {
+      ASSERT_TRUE(g.Click("optFastModeOn"));
+    }
+    if ((seed / 64) % 3 == 2) {
+      ASSERT_TRUE(g.Click("optLearnModeOn"));
+    }
     ASSERT_TRUE(g.Click("cmdNew"));
     Player player(g, seed);
     bool renewed = false;
@@ -132,7 +146,9 @@ TEST(Playout, EverySeededGameEndsWithAValidResultAndLosesNoCard) {
     const int result = std::stoi(g.Field("TurnResult"));
     ASSERT_GE(result, 1) << "no result after " << steps << " steps";
     ++decided[result];
-    const char* button = result == kTie ? "cmdBothWin" : result == kAInOrder ? "cmdAWins" : "cmdCWins";
+    const char* button = result == kTie        ? "cmdBothWin"
+                         : result == kAInOrder ? "cmdAWins"
+                                               : "cmdCWins";
     EXPECT_TRUE(Up(g, button));
     ASSERT_TRUE(g.Click(button));
     EXPECT_TRUE(Up(g, "cmdNew"));

@@ -7,7 +7,9 @@ namespace {
 
 using test::Game;
 
-std::string Stack(const Game& g, int side) { return g.Field(side == 1 ? "Stacks(1)" : "Stacks(2)"); }
+std::string Stack(const Game& g, int side) {
+  return g.Field(side == 1 ? "Stacks(1)" : "Stacks(2)");
+}
 
 TEST(Switchem, AWrongCountClearsTheMarksAndTwoCardsSwapForBothSides) {
   Game g;
@@ -30,7 +32,7 @@ TEST(Switchem, AWrongCountClearsTheMarksAndTwoCardsSwapForBothSides) {
   EXPECT_EQ(g.model.state().Card(kSideA, 7), before.Card(kSideA, 2));
   EXPECT_FALSE(g.C("cmdSwitchemA").visible);
   EXPECT_EQ(g.Field("MoveCountA"), "1");
-  EXPECT_EQ(g.Field("MoveCountB"), "1");  // the computer's Switchem, applied at once
+  EXPECT_EQ(g.Field("MoveCountB"), "1");           // the computer's Switchem, applied at once
   EXPECT_EQ(g.Field("OpponentRowReversed"), "0");  // Backem off: only the dealt orientation
   EXPECT_EQ(g.C("lblDiscardPile").caption, CardFace(g.model.state().discard_top));
 }
@@ -70,7 +72,9 @@ void ComputerReverses(Game& g) {
             "Computer will reverse its direction.  Click here to continue.");
   ASSERT_TRUE(g.Click("cmdBackemC"));
   for (const char* b : {"cmdCTakesDiscard", "cmdCTakesDraw", "cmdCTakesNothing", "cmdSmackemC"})
-    if (g.C(b).visible) { ASSERT_TRUE(g.Click(b)); }
+    if (g.C(b).visible) {
+      ASSERT_TRUE(g.Click(b));
+    }
   ASSERT_EQ(g.Field("OpponentRowReversed"), "1");
   ASSERT_EQ(g.Field("TurnOwner"), "1");
 }
@@ -152,7 +156,9 @@ TEST(ComputerSmackem, ItCanHandThePlayerTheGame) {
   for (bool fast : {false, true}) {
     Game g;
     ASSERT_TRUE(g.Click("chkSmackem"));
-    if (fast) { ASSERT_TRUE(g.Click("optFastModeOn")); }
+    if (fast) {
+      ASSERT_TRUE(g.Click("optFastModeOn"));
+    }
     g.NewGameAFirst();
     // Nine of the computer's slots settled; the 47 it declines points at the player's slots
     // 3 and 7, which r1 = r2 = 0 picks.
@@ -162,7 +168,9 @@ TEST(ComputerSmackem, ItCanHandThePlayerTheGame) {
     g.platform.Script({0.0f, 0.0f});
     ASSERT_TRUE(g.Click("lblDiscardPile"));
     ASSERT_TRUE(g.Click("lblCardA(1)"));
-    if (!fast) { ASSERT_TRUE(g.Click("cmdPlayA")); }
+    if (!fast) {
+      ASSERT_TRUE(g.Click("cmdPlayA"));
+    }
     ASSERT_TRUE(g.C("cmdSmackemC").visible) << "fast " << fast;  // waits in every mode
     EXPECT_EQ(g.C("lblCardA(3)").marked, 1);
     EXPECT_EQ(g.C("lblCardA(7)").marked, 1);

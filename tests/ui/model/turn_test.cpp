@@ -109,11 +109,17 @@ TEST(ComputerTurn, ATakeWaitsOnlyInLearnModeWithoutFastMode) {
   for (bool fast : {false, true}) {
     for (bool learn : {false, true}) {
       Game g;
-      if (fast) { ASSERT_TRUE(g.Click("optFastModeOn")); }
-      if (learn) { ASSERT_TRUE(g.Click("optLearnModeOn")); }
+      if (fast) {
+        ASSERT_TRUE(g.Click("optFastModeOn"));
+      }
+      if (learn) {
+        ASSERT_TRUE(g.Click("optLearnModeOn"));
+      }
       g.NewGameAFirst();
       ComputerWantsTheDiscard(g);
-      if (!fast) { ASSERT_TRUE(g.Click("cmdPlayA")); }
+      if (!fast) {
+        ASSERT_TRUE(g.Click("cmdPlayA"));
+      }
       const bool waits = learn && !fast;
       SCOPED_TRACE(testing::Message() << "fast " << fast << " learn " << learn);
       EXPECT_EQ(g.C("cmdCTakesDiscard").visible, waits);
@@ -134,7 +140,9 @@ TEST(ComputerTurn, ATakeWaitsOnlyInLearnModeWithoutFastMode) {
 TEST(ComputerTurn, TakingNothingAlwaysWaits) {
   for (bool fast : {false, true}) {
     Game g;
-    if (fast) { ASSERT_TRUE(g.Click("optFastModeOn")); }
+    if (fast) {
+      ASSERT_TRUE(g.Click("optFastModeOn"));
+    }
     g.NewGameAFirst();
     // Every slot settled but one whose range no card of these fits.
     g.Set("Stacks(2)", "5 15 25 35 45 55 65 75 95 85");
@@ -143,7 +151,9 @@ TEST(ComputerTurn, TakingNothingAlwaysWaits) {
     g.Set("DrawPos", "1");
     ASSERT_TRUE(g.Click("lblDiscardPile"));
     ASSERT_TRUE(g.Click("lblCardA(1)"));  // the discard becomes 1
-    if (!fast) { ASSERT_TRUE(g.Click("cmdPlayA")); }
+    if (!fast) {
+      ASSERT_TRUE(g.Click("cmdPlayA"));
+    }
     SCOPED_TRACE(fast);
     ASSERT_TRUE(g.C("cmdCTakesNothing").visible);
     EXPECT_EQ(g.C("lblDrawPile").caption, CardFace(52));
