@@ -74,8 +74,7 @@ int main(int argc, char** argv) {
   bq::AppModel model(platform, settings);
   FrontEnd front(model);
   platform.set_host(&front);
-  QObject::connect(&front, &FrontEnd::exited, &app, &QCoreApplication::quit,
-                   Qt::QueuedConnection);
+  QObject::connect(&front, &FrontEnd::exited, &app, &QCoreApplication::quit, Qt::QueuedConnection);
   front.Start();
   if (front.finished()) return 0;
   const int code = QApplication::exec();

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace bq::qt {
+
+struct CommandLine {
+  bool help = false;
+  bool version = false;
+  bool headless = false;
+  std::string settings;             // empty: the usual place
+  std::optional<unsigned> seed;     // nullopt: from the clock
+  std::optional<int> screen_width;  // nullopt: the screen's own
+  std::string error;                // set when the arguments make no sense
+};
+
+// Reads the options without Qt, so that --help and --version work with no display at all.
+CommandLine ParseCommandLine(const std::vector<std::string>& args);
+
+const char* UsageText();
+
+}  // namespace bq::qt

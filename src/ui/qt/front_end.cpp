@@ -1,0 +1,154 @@
+#include "ui/qt/front_end.h"
+
+#include <QWidget>
+#include <vector>
+
+#include "ui/qt/game_window.h"
+#include "ui/qt/generic_window.h"
+#include "ui/qt/stats_window.h"
+
+namespace bq::qt {
+
+FrontEnd::FrontEnd(AppModel& app) : app_(app) {
+  game_ = std::make_unique<GameWindow>(*this, app_.game());
+}
+
+FrontEnd::~FrontEnd() {
+  // The dialogs are children of the windows they belong to; take them down child first.
+  others_.clear();
+  confirm_.reset();
+  stats_.reset();
+  game_.reset();
+}
+
+void FrontEnd::Start() {
+  app_.Load();
+  RefreshAll();
+  game_->PlaceAtStoredPosition();
+  game_->show();
+  game_->binder().RestoreFocus({});
+}
+
+QWidget* FrontEnd::View(std::string_view window) const {
+  if (window == "frmGame") return game_.get();
+  if (window == "frmStats") return stats_.get();
+  if (window == "frmConfirmClearStats") return confirm_.get();
+  const auto other = others_.find(window);
+  return other != others_.end() ? other->second.get() : nullptr;
+}
+
+ControlBinder* FrontEnd::Binder(std::string_view window) const {
+  if (window == "frmGame" && game_) return &game_->binder();
+  if (window == "frmStats" && stats_) return &stats_->binder();
+  if (window == "frmConfirmClearStats" && confirm_) return &confirm_->binder();
+  const auto other = others_.find(window);
+  return other != others_.end() ? &other->second->binder() : nullptr;
+}
+
+std::vector<std::string> FrontEnd::OpenWindows() const {
+  std::vector<std::string> open;
+  for (const char* window : {"frmGame", "frmStats", "frmConfirmClearStats"})
+    if (Binder(window) != nullptr && app_.IsOpen(window)) open.emplace_back(window);
+  for (const auto& [window, view] : others_)
+    if (app_.IsOpen(window)) open.push_back(window);
+  return open;
+}
+
+void FrontEnd::RefreshAll() {
+  if (game_) game_->Refresh();
+  if (stats_ && app_.IsOpen("frmStats")) stats_->Refresh();
+  if (confirm_ && app_.IsOpen("frmConfirmClearStats")) confirm_->Refresh();
+  for (const auto& [window, view] : others_)
+    if (app_.IsOpen(window)) view->Refresh();
+}
+
+AppModel::Result FrontEnd::Dispatch(const std::function<AppModel::Result()>& event) {
+  if (finished_) return AppModel::Result::kIgnored;
+  std::vector<std::pair<std::string, ControlBinder::FocusMark>> marks;
+  for (const std::string& window : OpenWindows())
+    marks.emplace_back(window, Binder(window)->MarkFocus());
+  pending_popup_.clear();
+
+  const AppModel::Result result = event();
+  if (app_.exited()) {
+    Finish();
+    return result;
+  }
+  RefreshAll();
+  for (const std::string& window : OpenWindows()) {
+    ControlBinder::FocusMark before;
+    for (const auto& [w, mark] : marks)
+      if (w == window) before = mark;
+    Binder(window)->RestoreFocus(before);
+  }
+  if (!pending_popup_.empty()) game_->ShowPopup(pending_popup_, popup_pos_);
+  return result;
+}
+
+AppModel::Result FrontEnd::Click(const std::string& full_name) {
+  return Dispatch([&] { return app_.Click(full_name); });
+}
+
+AppModel::Result FrontEnd::RightClick(const std::string& full_name, QPoint global_pos) {
+  popup_pos_ = global_pos;
+  return Dispatch([&] { return app_.RightClick(full_name); });
+}
+
+AppModel::Result FrontEnd::ClickBackground(bool ctrl_alt) {
+  return Dispatch([&] { return app_.ClickBackground(ctrl_alt); });
+}
+
+AppModel::Result FrontEnd::Close(const std::string& window) {
+  return Dispatch([&] { return app_.Close(window); });
+}
+
+void FrontEnd::WindowOpened(const std::string& window) {
+  if (window == "mnuPopupForm" || window == "mnuPopupCard") {
+    pending_popup_ = window;  // shown once the event is over and the menu is up to date
+    return;
+  }
+  if (window == "frmStats") {
+    if (!stats_) stats_ = std::make_unique<StatsWindow>(*this, *app_.Window(window), game_.get());
+    stats_->Refresh();
+    stats_->show();
+    stats_->raise();
+    stats_->activateWindow();
+  } else if (window == "frmConfirmClearStats") {
+    if (!confirm_) {
+      QWidget* parent = stats_ ? static_cast<QWidget*>(stats_.get()) : game_.get();
+      confirm_ = std::make_unique<ConfirmClearDialog>(*this, *app_.Window(window), parent);
+    }
+    confirm_->Refresh();
+    confirm_->show();
+    confirm_->raise();
+    confirm_->activateWindow();
+  } else if (WindowModel* model = app_.Window(window); model != nullptr && window != "frmGame") {
+    auto& view = others_[window];
+    if (!view) view = std::make_unique<GenericWindow>(*this, *model, game_.get());
+    view->Refresh();
+    view->show();
+    view->raise();
+    view->activateWindow();
+  }
+}
+
+void FrontEnd::WindowClosed(const std::string& window) {
+  if (QWidget* view = View(window); view != nullptr && window != "frmGame") view->hide();
+}
+
+QWidget* FrontEnd::DialogParent() {
+  if (confirm_ && confirm_->isVisible()) return confirm_.get();
+  if (stats_ && stats_->isVisible()) return stats_.get();
+  return game_.get();
+}
+
+void FrontEnd::Finish() {
+  finished_ = true;
+  if (confirm_) confirm_->hide();
+  if (stats_) stats_->hide();
+  for (const auto& [window, view] : others_) view->hide();
+  if (game_) game_->hide();
+  emit exited();
+}
+
+}  // namespace bq::qt

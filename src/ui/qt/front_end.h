@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ui/model/app_model.h"
+#include "ui/qt/qt_platform.h"
+
+class QWidget;
+
+namespace bq::qt {
+
+class ControlBinder;
+class GameWindow;
+class StatsWindow;
+class ConfirmClearDialog;
+class GenericWindow;
+
+// The Qt side of the program: owns the windows, turns their input into model events, and after
+// every event re-reads every open window model onto its widgets. No game rule lives here.
+class FrontEnd : public QObject, public WindowHost {
+  Q_OBJECT
+ public:
+  explicit FrontEnd(AppModel& app);
+  ~FrontEnd() override;
+
+  // The game window's loading: the model loads, the window is filled, placed and shown.
+  void Start();
+
+  AppModel& app() { return app_; }
+  AppModel::Result Click(const std::string& full_name);
+  AppModel::Result RightClick(const std::string& full_name, QPoint global_pos);
+  AppModel::Result ClickBackground(bool ctrl_alt);
+  AppModel::Result Close(const std::string& window);
+
+  GameWindow* game_window() const { return game_.get(); }
+  // The shown form of a window ("frmGame", "frmStats", ...); nullptr before it first opens.
+  QWidget* View(std::string_view window) const;
+  void RefreshAll();
+  bool finished() const { return finished_; }
+
+  void WindowOpened(const std::string& window) override;
+  void WindowClosed(const std::string& window) override;
+  QWidget* DialogParent() override;
+
+ signals:
+  // The exit sequence has run; every window is down.
+  void exited();
+
+ private:
+  AppModel::Result Dispatch(const std::function<AppModel::Result()>& event);
+  ControlBinder* Binder(std::string_view window) const;
+  std::vector<std::string> OpenWindows() const;
+  void Finish();
+
+  AppModel& app_;
+  std::unique_ptr<GameWindow> game_;
+  std::unique_ptr<StatsWindow> stats_;
+  std::unique_ptr<ConfirmClearDialog> confirm_;
+  std::map<std::string, std::unique_ptr<GenericWindow>, std::less<>> others_;
+  std::string pending_popup_;
+  QPoint popup_pos_;
+  bool finished_ = false;
+};
+
+}  // namespace bq::qt

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <QMainWindow>
+#include <array>
+#include <string>
+
+#include "ui/model/game_model.h"
+#include "ui/qt/control_binder.h"
+
+class QAbstractButton;
+class QGridLayout;
+class QLabel;
+class QMenu;
+class QVBoxLayout;
+
+namespace bq::qt {
+
+class CardBack;
+class CardLabel;
+class FrontEnd;
+
+// frmGame: both Stacks as columns (slot 1 at the top, so an ordered Stack reads as a diagonal),
+// the piles, the option panels, the game buttons, one area for the prompt buttons, the menus
+// and the status bar. It draws GameModel and forwards input to the FrontEnd.
+//
+// Keyboard play: 1..9 and 0 pick slots 1..10 of your Stack, Shift with them slots 11..20; Ctrl
+// (and Ctrl+Shift) the same slots of the opponent's Stack; D the Discard Pile, P the Draw Pile;
+// Enter or Space presses the focused button; Alt with the underlined letter any option or
+// button; Tab moves between controls.
+class GameWindow : public QMainWindow {
+  Q_OBJECT
+ public:
+  GameWindow(FrontEnd& front, GameModel& model);
+
+  ControlBinder& binder() { return binder_; }
+  void Refresh();
+  // Puts the window where the settings file says and tracks its moves from then on.
+  void PlaceAtStoredPosition();
+  void ShowPopup(const std::string& popup, QPoint global_pos);
+  QMenu* formPopup() const { return form_popup_; }
+  QMenu* cardPopup() const { return card_popup_; }
+  // The window's size with 10-card Stacks, 9105 x 5235 twips, in this screen's logical pixels.
+  QSize BaseSize() const;
+  // The model event a key stands for ("lblCardA(3)"), or "" for none.
+  static std::string KeyTarget(int key, Qt::KeyboardModifiers modifiers, quint32 scan_code);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QWidget* BuildBoard();
+  QWidget* BuildSidePanel();
+  QWidget* BuildPiles();
+  QWidget* BuildOptions();
+  QWidget* BuildPrompts();
+  void BuildMenus();
+  void BuildStatusBar();
+  void SetTabOrder();
+
+  QLabel* NamedLabel(const std::string& name, QWidget* parent, Qt::Alignment align);
+  CardLabel* NamedCard(const std::string& name, QWidget* parent);
+  template <typename Button>
+  Button* NamedButton(const std::string& name, QWidget* parent);
+  QAction* NamedAction(const std::string& name, QMenu* menu, bool checkable);
+  bool OnBackground(QWidget* hit) const;
+  void FitToContents();
+  double Dpi() const;
+
+  FrontEnd& front_;
+  GameModel& model_;
+  ControlBinder binder_;
+  std::array<CardBack*, kMaxStackSize + 1> backs_a_{};
+  std::array<CardBack*, kMaxStackSize + 1> backs_b_{};
+  std::array<QLabel*, 2> move_count_captions_{};
+  QWidget* central_ = nullptr;
+  QMenu* form_popup_ = nullptr;
+  QMenu* card_popup_ = nullptr;
+  int fitted_stack_size_ = 0;
+  bool placed_ = false;
+};
+
+}  // namespace bq::qt

@@ -1,0 +1,55 @@
+#include "ui/qt/generic_window.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "ui/qt/front_end.h"
+
+namespace bq::qt {
+
+void ClickableLabel::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+    emit clicked();
+  QLabel::mouseReleaseEvent(event);
+}
+
+GenericWindow::GenericWindow(FrontEnd& front, const WindowModel& model, QWidget* parent)
+    : QWidget(parent, Qt::Window), front_(front), binder_(model), name_(model.Name()) {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(16, 14, 16, 14);
+  column->setSpacing(6);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  for (const NamedControl& nc : model.Controls()) {
+    const std::string full = name_ + "." + nc.name;
+    if (nc.name == "Caption") {
+      binder_.Bind(nc.name, this);
+    } else if (nc.name.rfind("cmd", 0) == 0) {
+      auto* button = new QPushButton(this);
+      button->setAutoDefault(true);
+      binder_.Bind(nc.name, button);
+      connect(button, &QPushButton::clicked, this, [this, full] { front_.Click(full); });
+      buttons->addWidget(button);
+    } else {
+      auto* label = new ClickableLabel(this);
+      label->setTextFormat(Qt::PlainText);
+      label->setWordWrap(true);
+      binder_.Bind(nc.name, label);
+      connect(label, &ClickableLabel::clicked, this, [this, full] { front_.Click(full); });
+      column->addWidget(label);
+    }
+  }
+  column->addStretch();
+  column->addLayout(buttons);
+  binder_.Apply();
+}
+
+void GenericWindow::closeEvent(QCloseEvent* event) {
+  if (front_.app().IsOpen(name_)) front_.Close(name_);
+  event->accept();
+}
+
+}  // namespace bq::qt

@@ -1,0 +1,165 @@
+#include "ui/qt/stats_window.h"
+
+#include <QCloseEvent>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <string>
+
+#include "ui/qt/card_widget.h"
+#include "ui/qt/front_end.h"
+
+namespace bq::qt {
+namespace {
+
+std::string Indexed(const char* name, int i) {
+  return std::string(name) + "(" + std::to_string(i) + ")";
+}
+
+QLabel* NewLabel(QWidget* parent, Qt::Alignment align, bool bold = false) {
+  auto* label = new QLabel(parent);
+  label->setTextFormat(Qt::PlainText);
+  label->setAlignment(align | Qt::AlignVCenter);
+  label->setContextMenuPolicy(Qt::PreventContextMenu);
+  if (bold) {
+    QFont f = label->font();
+    f.setBold(true);
+    label->setFont(f);
+  }
+  return label;
+}
+
+QFrame* Rule(QWidget* parent) {
+  auto* line = new QFrame(parent);
+  line->setFrameShape(QFrame::HLine);
+  line->setFrameShadow(QFrame::Sunken);
+  return line;
+}
+
+}  // namespace
+
+StatsWindow::StatsWindow(FrontEnd& front, const WindowModel& model, QWidget* parent)
+    : QWidget(parent, Qt::Window), front_(front), binder_(model) {
+  binder_.Bind("Caption", this);
+  auto* outer = new QVBoxLayout(this);
+  outer->setContentsMargins(16, 14, 16, 14);
+  outer->setSpacing(12);
+
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(6);
+  grid->setVerticalSpacing(4);
+  outer->addLayout(grid);
+
+  // Equal value columns let the spread headings line up over them.
+  const int value_width = fontMetrics().horizontalAdvance(QStringLiteral("100.00%")) + 16;
+  auto value = [&](const std::string& name, int row, int col) {
+    QLabel* label = NewLabel(this, Qt::AlignHCenter);
+    label->setFixedWidth(value_width);
+    binder_.Bind(name, label);
+    grid->addWidget(label, row, col);
+  };
+  auto heading = [&](const std::string& name, int row, int col) {
+    auto* spread = new SpreadHeading(this);
+    binder_.Bind(name, spread);
+    grid->addWidget(spread, row, col, 1, 3);
+  };
+  auto caption = [&](const std::string& name, int row, bool bold = false) {
+    QLabel* label = NewLabel(this, Qt::AlignLeft, bold);
+    binder_.Bind(name, label);
+    grid->addWidget(label, row, 0);
+  };
+
+  caption("lblResults", 0, true);
+  heading("lblWLT1", 0, 1);
+  heading("lblWLT2", 0, 5);
+  grid->addWidget(Rule(this), 1, 0, 1, 8);
+  const char* rows[] = {"lblNoPlayOptions", "lblStackem", "lblBackem",  "lblSwitchem",
+                        "lblSmackem",       "lblTakem",   "lblAllGames"};
+  for (int i = 1; i <= 7; ++i) {
+    const int row = i + 1;
+    caption(rows[i - 1], row, i == 7);
+    value(Indexed("lblWins", i), row, 1);
+    value(Indexed("lblLosses", i), row, 2);
+    value(Indexed("lblTies", i), row, 3);
+    value(Indexed("lblWinsPct", i), row, 5);
+    value(Indexed("lblLossesPct", i), row, 6);
+    value(Indexed("lblTiesPct", i), row, 7);
+  }
+  grid->setColumnMinimumWidth(4, 24);
+  grid->addWidget(Rule(this), 9, 0, 1, 8);
+  caption("lblStreaks", 10, true);
+  heading("lblWLT3", 10, 1);
+  caption("lblCurrent", 11);
+  value("lblWStreak", 11, 1);
+  value("lblLStreak", 11, 2);
+  value("lblTStreak", 11, 3);
+  caption("lblConsecutive", 12);
+  value(Indexed("lblWins", 8), 12, 1);
+  value(Indexed("lblLosses", 8), 12, 2);
+  value(Indexed("lblTies", 8), 12, 3);
+  grid->setColumnStretch(0, 1);
+
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(8);
+  for (const char* name : {"cmdShowOtherStats", "cmdClearStats", "cmdCloseStats"}) {
+    auto* button = new QPushButton(this);
+    button->setAutoDefault(true);
+    button->setContextMenuPolicy(Qt::PreventContextMenu);
+    binder_.Bind(name, button);
+    const std::string full = std::string("frmStats.") + name;
+    connect(button, &QPushButton::clicked, this, [this, full] { front_.Click(full); });
+    buttons->addWidget(button);
+  }
+  outer->addLayout(buttons);
+  binder_.Apply();
+}
+
+void StatsWindow::closeEvent(QCloseEvent* event) {
+  if (front_.app().IsOpen("frmStats")) front_.Close("frmStats");
+  if (front_.app().IsOpen("frmStats"))
+    event->ignore();
+  else
+    event->accept();
+}
+
+ConfirmClearDialog::ConfirmClearDialog(FrontEnd& front, const WindowModel& model, QWidget* parent)
+    : QDialog(parent), front_(front), binder_(model) {
+  setModal(true);
+  binder_.Bind("Caption", this);
+  auto* outer = new QVBoxLayout(this);
+  outer->setContentsMargins(18, 16, 18, 14);
+  outer->setSpacing(14);
+  QLabel* question = NewLabel(this, Qt::AlignCenter);
+  question->setWordWrap(true);
+  binder_.Bind("lblConfirm", question);
+  outer->addWidget(question);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  for (const char* name : {"cmdYes", "cmdNo"}) {
+    auto* button = new QPushButton(this);
+    button->setAutoDefault(true);
+    button->setMinimumWidth(90);
+    binder_.Bind(name, button);
+    const std::string full = std::string("frmConfirmClearStats.") + name;
+    connect(button, &QPushButton::clicked, this, [this, full] { front_.Click(full); });
+    buttons->addWidget(button);
+  }
+  buttons->addStretch();
+  outer->addLayout(buttons);
+  binder_.Apply();
+}
+
+void ConfirmClearDialog::closeEvent(QCloseEvent* event) {
+  if (front_.app().IsOpen("frmConfirmClearStats")) front_.Close("frmConfirmClearStats");
+  event->accept();
+}
+
+void ConfirmClearDialog::reject() {
+  if (front_.app().IsOpen("frmConfirmClearStats")) front_.Close("frmConfirmClearStats");
+  QDialog::reject();
+}
+
+}  // namespace bq::qt
