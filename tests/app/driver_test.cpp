@@ -125,6 +125,33 @@ TEST_F(DriverTest, StatisticsWindowOpensOnTheCurrentOpponent) {
   EXPECT_NE(out.find("lblStackB caption=\"Computer's Stack\""), std::string::npos);
 }
 
+TEST_F(DriverTest, StatisticsClearedInTheWindowSurviveTheNextGameAndTheExit) {
+  file_.Write(
+      "[StatsVsComputer]\nWins1=4\nWins7=6\nWStreak=2\nWins8=3\n[StatsVsHumans]\nTies7=2\n");
+  const std::string out =
+      Run("click mnuStats\n"
+          "click frmStats.cmdClearStats\n"
+          "show frmConfirmClearStats.lblConfirm\n"
+          "click cmdNew\n"
+          "click frmConfirmClearStats.cmdYes\n"
+          "show frmStats.lblWins(7)\n"
+          "click frmStats.cmdCloseStats\n"
+          "click cmdNew\n"
+          "set Stacks(1) 5 15 25 35 45 55 65 75 85 99\n"
+          "set DiscardTop 95\n"
+          "click lblDiscardPile\n"
+          "click lblCardA(10)\n"
+          "click cmdPlayA\n"
+          "close frmGame\n");
+  EXPECT_NE(out.find("caption=\"Do you really want to clear your statistics vs computer?\""),
+            std::string::npos);
+  EXPECT_TRUE(Has(out, "ignored: cmdNew"));  // the question holds every other window
+  EXPECT_NE(out.find("frmStats.lblWins(7) caption=\"0\""), std::string::npos);
+  const std::string file = Settings();
+  for (const char* line : {"Wins1=1", "Wins7=1", "WStreak=1", "Wins8=1", "Ties7=2"})
+    EXPECT_TRUE(Has(file, line)) << line << "\n" << file;
+}
+
 }  // namespace
 }  // namespace bq
 
