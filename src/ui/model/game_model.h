@@ -173,7 +173,7 @@ class GameModel : public WindowModel {
   void SyncJudgement();
   void RefreshGoodBad();
 
-  // Special moves of side A and the receiving side (game_special.cpp).
+  // Special moves of side A and the receiving side (game_option_moves.cpp).
   void StartSwitchemA();
   void CompleteSwitchemA();
   void SetupSmackemA();
