@@ -178,22 +178,6 @@ TEST(Game, LearnModeWinRecordsNothingAndLeavesNoFile) {
   EXPECT_FALSE(std::ifstream(g.file.path()).good());
 }
 
-TEST(Game, StatisticsClearedInTheFileSurviveTheNextGameEnd) {
-  Game g("[StatsVsComputer]\nWins1=5\nWins7=9\nWStreak=3\nWins8=3\n");
-  g.NewGameAFirst();
-  // Somebody cleared the statistics while the game ran: the file is the authority.
-  g.file.Write("[StatsVsComputer]\nWins7=0\n");
-  WinningPosition(g);
-  ASSERT_TRUE(g.Click("lblDiscardPile"));
-  ASSERT_TRUE(g.Click("lblCardA(10)"));
-  ASSERT_TRUE(g.Click("cmdPlayA"));
-  const std::string text = g.file.Read();
-  EXPECT_NE(text.find("Wins1=1\n"), std::string::npos);
-  EXPECT_NE(text.find("Wins7=1\n"), std::string::npos);
-  g.model.Exit();
-  EXPECT_NE(g.file.Read().find("Wins7=1\n"), std::string::npos);
-}
-
 TEST(Game, UnwritableSettingsAreReportedOnceAndNeverCrash) {
   test::FakePlatform platform;
   GameModel model(platform, "/proc/bramblequay-no-such-dir/Bramblequay.INI");
