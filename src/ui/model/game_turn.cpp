@@ -38,7 +38,8 @@ void GameModel::StartOfPlay() {
   lblDrawPile.enabled = true;
   g_.turn_owner = vs_computer_ ? 1 + static_cast<int>(2.0f * platform_.Uniform()) : kSideA;
   if (g_.turn_owner > kSideB) g_.turn_owner = kSideB;
-  cmdPlayA.enabled = false;
+  // The confirming button stays in view, greyed, until a move is ready.
+  Show(cmdPlayA, !fast_mode_, false);
   cmdPlayB.enabled = false;
   if (!vs_computer_ || g_.turn_owner == kSideA)
     StartTurnA();
