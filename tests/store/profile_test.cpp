@@ -2,196 +2,105 @@
 
 #include <gtest/gtest.h>
 
-#include "support/temp_settings.h"
-
-#include <chrono>
 #include <climits>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <iterator>
+#include <utility>
+
+#include "support/temp_settings.h"
 
 namespace bq {
 namespace {
 
 namespace fs = std::filesystem;
 
-class ProfileTest : public ::testing::Test {
- protected:
-  void WriteFile(const std::string& text) { file_.Write(text); }
-  std::string ReadFile() const { return file_.Read(); }
-  Profile Loaded() const {
-    Profile p;
-    EXPECT_TRUE(p.Read(path_));
-    return p;
-  }
-  std::vector<std::string> DirEntries() const {
-    std::vector<std::string> names;
-    for (const auto& e : fs::directory_iterator(dir_))
-      names.push_back(e.path().filename().string());
-    return names;
-  }
-
-  test::TempSettings file_;
-  const std::filesystem::path& dir_ = file_.dir();
-  const std::string path_ = file_.path();
-};
-
-TEST(ParseProfileInt, ReadsLeadingIntegerOnly) {
-  EXPECT_EQ(ParseProfileInt("1200"), 1200);
-  EXPECT_EQ(ParseProfileInt("1200.5"), 1200);
-  EXPECT_EQ(ParseProfileInt("abc"), 0);
-  EXPECT_EQ(ParseProfileInt("-7"), -7);
-  EXPECT_EQ(ParseProfileInt("  +42 apples"), 42);
-  EXPECT_EQ(ParseProfileInt("\t-0012x"), -12);
-  EXPECT_EQ(ParseProfileInt("- 7"), 0);
-  EXPECT_EQ(ParseProfileInt(""), 0);
-  // Saturates instead of wrapping.
-  EXPECT_EQ(ParseProfileInt("99999999999999999999999"), INT_MAX);
-  EXPECT_EQ(ParseProfileInt("-99999999999999999999999"), INT_MIN);
-  EXPECT_EQ(ParseProfileInt("-2147483648"), INT_MIN);
+Profile Loaded(const test::TempSettings& file) {
+  Profile p;
+  EXPECT_TRUE(p.Read(file.path()));
+  return p;
 }
 
-TEST_F(ProfileTest, MissingFileSectionOrKeyGivesTheFallback) {
-  EXPECT_EQ(GetProfileInt(path_, "Options", "SetOpponent", 1), 1);
-  Profile empty;
-  EXPECT_TRUE(empty.Read(path_)) << "a missing file is not an error";
-  EXPECT_EQ(empty.Text(), "");
-
-  WriteFile("[Options]\nSetStackem=1\nSetEmpty=\nSetBlank=   \n");
-  EXPECT_EQ(GetProfileInt(path_, "Other", "SetStackem", 5), 5);
-  EXPECT_EQ(GetProfileInt(path_, "Options", "SetBackem", 6), 6);
-  EXPECT_EQ(GetProfileInt(path_, "Options", "SetEmpty", 7), 7);
-  EXPECT_EQ(GetProfileInt(path_, "Options", "SetBlank", 8), 8);
-  EXPECT_EQ(GetProfileInt(path_, "Options", "SetStackem", 9), 1);
+TEST(ParseProfileInt, LeadingIntegerSaturating) {
+  const std::pair<const char*, int> cases[] = {{"1200.5", 1200},     {"abc", 0}, {"-7", -7},
+                                               {"  +42 apples", 42}, {"- 7", 0}, {"", 0}};
+  for (const auto& [text, value] : cases) EXPECT_EQ(ParseProfileInt(text), value) << text;
+  EXPECT_EQ(ParseProfileInt("99999999999999999999"), INT_MAX) << "saturates, never wraps";
+  EXPECT_EQ(ParseProfileInt("-99999999999999999999"), INT_MIN);
 }
 
-TEST_F(ProfileTest, NamesIgnoreCaseAndBlanks) {
-  WriteFile("  [ oPTions ]  \n  setstackem =  -3  \nSETBACKEM=\"12\"\n");
-  const Profile p = Loaded();
+TEST(Profile, LookupRules) {
+  test::TempSettings file;
+  file.Write(
+      "  [ oPTions ]  \n setstackem =  -3  \nSETBACKEM=\"12\"\nEmpty=\n;Note=2\n"
+      "Dup=3\nDup=4\n[B]\nOnly=5\n[options]\nLater=6\n");
+  const Profile p = Loaded(file);
   EXPECT_EQ(p.GetInt("Options", "SetStackem", 0), -3);
-  EXPECT_EQ(p.GetInt("OPTIONS", "SetBackem", 0), 12) << "enclosing quotes are not part of it";
-  EXPECT_EQ(p.GetString("options", "setstackem"), "-3");
+  EXPECT_EQ(p.GetString("OPTIONS", "SetBackem"), "12") << "enclosing quotes dropped";
+  EXPECT_EQ(p.GetInt("Options", "Empty", 7), 7) << "an empty value takes the fallback";
+  EXPECT_EQ(p.GetInt("Options", "Missing", 8), 8);
+  EXPECT_EQ(p.GetInt("Options", ";Note", -1), -1) << "a comment is no key";
+  EXPECT_EQ(p.GetInt("Options", "Dup", -1), 3) << "the first key of a name counts";
+  EXPECT_EQ(p.GetInt("Options", "Only", -1), -1) << "another section's key";
+  EXPECT_EQ(p.GetInt("Options", "Later", -1), -1) << "a repeated section is not looked at";
 }
 
-TEST_F(ProfileTest, OnlyRealKeysOfTheFirstSectionCount) {
-  WriteFile(
-      "Stray=1\n"
-      "[A]\n"
-      ";Commented=2\n"
-      "Value without equals\n"
-      "Dup=3\n"
-      "Dup=4\n"
-      "[B]\n"
-      "Only=5\n"
-      "[a]\n"
-      "Later=6\n"
-      "Dup=7\n");
-  const Profile p = Loaded();
-  EXPECT_EQ(p.GetInt("", "Stray", -1), -1) << "a key before any section belongs to none";
-  EXPECT_EQ(p.GetInt("A", "Commented", -1), -1);
-  EXPECT_EQ(p.GetInt("A", ";Commented", -1), -1);
-  EXPECT_EQ(p.GetInt("A", "Dup", -1), 3);
-  EXPECT_EQ(p.GetInt("A", "Only", -1), -1) << "keys of another section";
-  EXPECT_EQ(p.GetInt("A", "Later", -1), -1) << "a repeated section is not looked at";
-}
-
-TEST_F(ProfileTest, SettingKeysKeepsEveryOtherLine) {
-  WriteFile(
-      "; written by hand\n"
-      "[Options]\n"
-      "SetStackem=1\n"
-      "mystery line\n"
-      "Unknown=abc\n"
-      "\n"
-      "[Extra]\n"
-      "Keep=me\n");
-  Profile p = Loaded();
+TEST(Profile, SettingKeysKeepsEveryOtherLine) {
+  test::TempSettings file;
+  file.Write("; by hand\n[Options]\nSetStackem=1\nmystery\n\n[Empty]\n\n[Extra]\nKeep=me\n");
+  Profile p = Loaded(file);
   p.SetString("options", "SETSTACKEM", "0");  // in place, not a second copy
   p.SetString("Options", "SetBackem", "1");   // after the section's last key
-  p.SetString("NewSection", "Key", "v");      // at the end of the file
-  p.SetString("Extra", "Added", "2");
-  ASSERT_TRUE(p.Write(path_));
-  EXPECT_EQ(ReadFile(),
-            "; written by hand\n"
-            "[Options]\n"
-            "SETSTACKEM=0\n"
-            "mystery line\n"
-            "Unknown=abc\n"
-            "SetBackem=1\n"
-            "\n"
-            "[Extra]\n"
-            "Keep=me\n"
-            "Added=2\n"
-            "[NewSection]\n"
-            "Key=v\n");
-}
+  p.SetString("Empty", "K", "2");             // right after a bare header
+  p.SetString("New", "Key", "v");             // a new section at the end
+  ASSERT_TRUE(p.Write(file.path()));
+  EXPECT_EQ(file.Read(),
+            "; by hand\n[Options]\nSETSTACKEM=0\nSetBackem=1\nmystery\n\n[Empty]\nK=2\n\n"
+            "[Extra]\nKeep=me\n[New]\nKey=v\n");
 
-TEST_F(ProfileTest, NewKeyOfAnEmptySectionFollowsItsHeader) {
-  WriteFile("[Empty]\n\n[Next]\nX=1\n");
-  Profile p = Loaded();
-  p.SetString("Empty", "K", "1");
-  EXPECT_EQ(p.Text(), "[Empty]\nK=1\n\n[Next]\nX=1\n");
-}
-
-TEST_F(ProfileTest, CrlfFileStaysCrlf) {
-  WriteFile("[Options]\r\nSetStackem=1\r\n");
-  Profile p = Loaded();
-  EXPECT_EQ(p.GetInt("Options", "SetStackem", 0), 1);
+  file.Write("[Options]\r\nSetStackem=1\r\n");
+  p = Loaded(file);
   p.SetString("Options", "SetBackem", "2");
-  EXPECT_EQ(p.Text(), "[Options]\r\nSetStackem=1\r\nSetBackem=2\r\n");
+  EXPECT_EQ(p.Text(), "[Options]\r\nSetStackem=1\r\nSetBackem=2\r\n") << "CRLF stays CRLF";
 }
 
-TEST_F(ProfileTest, BinaryJunkReadsAsNothingAndSurvivesAWrite) {
+TEST(Profile, BinaryJunkReadsAsNothingAndSurvivesAWrite) {
+  test::TempSettings file;
   std::string junk;
   for (int i = 0; i < 2000; ++i) junk += static_cast<char>((i * 37 + 11) % 256);
-  junk += std::string("\0[=]\0\n=\n[\n]\n", 12);
-  WriteFile(junk);
-  Profile p = Loaded();
-  EXPECT_EQ(p.GetInt("Options", "SetStackem", 42), 42);
+  file.Write(junk + std::string("\0[=]\0\n", 6));
+  Profile p = Loaded(file);
   p.SetString("Options", "SetStackem", "1");
-  ASSERT_TRUE(p.Write(path_));
-  const std::string text = ReadFile();
-  EXPECT_NE(text.find(std::string("\0[=]\0", 5)), std::string::npos);
-  EXPECT_EQ(GetProfileInt(path_, "Options", "SetStackem", 0), 1);
+  ASSERT_TRUE(p.Write(file.path()));
+  EXPECT_EQ(file.Read().rfind(junk, 0), 0u);
+  EXPECT_EQ(GetProfileInt(file.path(), "Options", "SetStackem", 0), 1);
 }
 
-TEST_F(ProfileTest, WriteReplacesTheFileAndLeavesNoTemporary) {
-  WriteFile("[A]\nX=1\n");
-  ASSERT_TRUE(WriteProfileString(path_, "A", "X", "2"));
-  ASSERT_TRUE(WriteProfileString(path_, "A", "Y", "3"));
-  EXPECT_EQ(ReadFile(), "[A]\nX=2\nY=3\n");
-  EXPECT_EQ(DirEntries(), std::vector<std::string>{"Bramblequay.INI"});
-}
-
-TEST_F(ProfileTest, WriteFollowsALinkInsteadOfReplacingIt) {
-  const fs::path real = dir_ / "real.ini";
+TEST(Profile, WriteReplacesAtomicallyOrFailsWithoutDamage) {
+  test::TempSettings file;
+  const fs::path real = file.dir() / "real.ini";
   std::ofstream(real) << "[A]\nX=1\n";
+  ASSERT_TRUE(WriteProfileString(real.string(), "A", "Y", "3"));
+  EXPECT_EQ(std::distance(fs::directory_iterator(file.dir()), {}), 1) << "no temporary left";
   std::error_code ec;
-  fs::remove(path_);
-  fs::create_symlink(real, path_, ec);
-  if (ec) GTEST_SKIP() << "no symbolic links here";
-  ASSERT_TRUE(WriteProfileString(path_, "A", "X", "2"));
-  EXPECT_TRUE(fs::is_symlink(path_));
-  EXPECT_EQ(GetProfileInt(real.string(), "A", "X", 0), 2);
-}
+  fs::create_symlink(real, file.path(), ec);
+  if (!ec) {
+    ASSERT_TRUE(WriteProfileString(file.path(), "A", "X", "2"));
+    EXPECT_TRUE(fs::is_symlink(file.path())) << "the link is followed, not replaced";
+    EXPECT_EQ(file.Read(), "[A]\nX=2\nY=3\n");
+    fs::remove(file.path());
+  }
 
-TEST_F(ProfileTest, UnwritablePlacesFailWithoutDamage) {
-  // A folder that is really a file refuses even a privileged user.
-  const fs::path blocker = dir_ / "not_a_folder";
-  std::ofstream(blocker) << "x";
-  EXPECT_FALSE(WriteProfileString((blocker / "Bramblequay.INI").string(), "A", "X", "1"));
-  EXPECT_FALSE(WriteProfileString((dir_ / "missing" / "x.ini").string(), "A", "X", "1"));
-
-  // The name is taken by a folder: it can be neither read nor replaced.
-  fs::create_directory(path_);
-  std::ofstream(fs::path(path_) / "inside") << "keep";
+  EXPECT_FALSE(WriteProfileString((real / "x.ini").string(), "A", "X", "1"));
+  // A folder under the name can be neither read nor replaced.
+  fs::create_directory(file.path());
+  std::ofstream(fs::path(file.path()) / "inside") << "keep";
   Profile p;
-  EXPECT_FALSE(p.Read(path_));
-  EXPECT_FALSE(WriteProfileString(path_, "A", "X", "1"));
+  EXPECT_FALSE(p.Read(file.path()));
   p.SetString("A", "X", "1");
-  EXPECT_FALSE(p.Write(path_)) << "the final rename must fail";
-  EXPECT_TRUE(fs::is_directory(path_));
-  EXPECT_EQ(DirEntries().size(), 2u) << "no temporary file left behind";
+  EXPECT_FALSE(p.Write(file.path())) << "the final rename fails";
+  EXPECT_TRUE(fs::exists(fs::path(file.path()) / "inside"));
+  EXPECT_EQ(std::distance(fs::directory_iterator(file.dir()), {}), 2) << "no temporary left";
 }
 
 }  // namespace

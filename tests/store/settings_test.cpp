@@ -2,236 +2,129 @@
 
 #include <gtest/gtest.h>
 
-#include "support/temp_settings.h"
-
-#include <algorithm>
-#include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <utility>
+
+#include "support/temp_settings.h"
 
 namespace bq {
 namespace {
 
 namespace fs = std::filesystem;
 
-class SettingsTest : public ::testing::Test {
- protected:
-  void WriteFile(const std::string& text) { file_.Write(text); }
-  std::string ReadFile() const { return file_.Read(); }
-
-  test::TempSettings file_;
-  const std::filesystem::path& dir_ = file_.dir();
-  const std::string path_ = file_.path();
-};
-
 // Distinct values everywhere, so a key written from the wrong field shows.
 Settings Sample() {
   Settings s;
-  s.left = 1200;
+  s.left = 1e6f;  // past 16 bits, and an exponent would read back as 1
   s.top = 345.5f;
   s.options = {1, 0, 1, 0, 1, 0, 2, 1, 2};
-  for (size_t kind = 1; kind <= 2; ++kind) {
-    GameStats& g = s.stats[kind];
-    for (size_t i = 1; i <= 8; ++i) {
-      g.wins[i] = static_cast<int>(kind * 1000 + 100 + i);
-      g.losses[i] = static_cast<int>(kind * 1000 + 200 + i);
-      g.ties[i] = static_cast<int>(kind * 1000 + 300 + i);
-    }
-    g.last_winner = static_cast<int>(kind);
-    g.w_streak = 0;
-    g.l_streak = static_cast<int>(kind * 10 + 4);
-    g.t_streak = -1;
+  int next = 100;
+  for (GameStats* g : {&s.stats[kVsComputer], &s.stats[kVsHumans]}) {
+    for (auto* row : {&g->wins, &g->losses, &g->ties})
+      for (size_t i = 1; i <= 8; ++i) (*row)[i] = next++;
+    g->last_winner = next++;
+    g->l_streak = next++;
+    g->t_streak = -1;
   }
   return s;
 }
 
-std::string StatsSectionText(const std::string& name, const GameStats& g) {
-  std::string text = "[" + name + "]\n";
-  for (const char* row : {"Wins", "Losses", "Ties"}) {
-    const auto& values = row[0] == 'W' ? g.wins : row[0] == 'L' ? g.losses : g.ties;
-    for (size_t i = 1; i <= 8; ++i)
-      text += row + std::to_string(i) + "=" + std::to_string(values[i]) + "\n";
+// Both statistics sections as they must be written.
+std::string StatsText(const std::array<GameStats, 3>& stats) {
+  std::string text;
+  for (int kind : {kVsComputer, kVsHumans}) {
+    const GameStats& g = stats[static_cast<size_t>(kind)];
+    text += kind == kVsComputer ? "[StatsVsComputer]\n" : "[StatsVsHumans]\n";
+    for (const auto& [row, values] :
+         {std::pair{"Wins", g.wins}, {"Losses", g.losses}, {"Ties", g.ties}})
+      for (size_t i = 1; i <= 8; ++i)
+        text += row + std::to_string(i) + "=" + std::to_string(values[i]) + "\n";
+    text += "LastWinner=" + std::to_string(g.last_winner) +
+            "\nWStreak=" + std::to_string(g.w_streak) + "\nLStreak=" + std::to_string(g.l_streak) +
+            "\nTStreak=" + std::to_string(g.t_streak) + "\n";
   }
-  text += "LastWinner=" + std::to_string(g.last_winner) + "\n";
-  text += "WStreak=" + std::to_string(g.w_streak) + "\n";
-  text += "LStreak=" + std::to_string(g.l_streak) + "\n";
-  text += "TStreak=" + std::to_string(g.t_streak) + "\n";
   return text;
 }
 
-void ExpectDefaults(const Settings& s) {
-  EXPECT_EQ(s.left, 0);
-  EXPECT_EQ(s.top, 0);
-  EXPECT_EQ(s.options, (StoredOptions{0, 0, 0, 0, 0, 0, 1, 2, 2}));
-  EXPECT_EQ(s.stats[kVsComputer], GameStats{});
-  EXPECT_EQ(s.stats[kVsHumans], GameStats{});
-}
-
-TEST_F(SettingsTest, DefaultsForMissingEmptyAndUnreadableFiles) {
-  {
-    SCOPED_TRACE("missing");
-    ExpectDefaults(LoadSettings(path_));
-  }
-  {
-    SCOPED_TRACE("empty");
-    WriteFile("");
-    ExpectDefaults(LoadSettings(path_));
-  }
-  {
-    SCOPED_TRACE("binary");
-    std::string junk;
-    for (int i = 0; i < 5000; ++i) junk += static_cast<char>((i * 131 + 7) % 256);
-    WriteFile(junk);
-    ExpectDefaults(LoadSettings(path_));
-  }
-  {
-    SCOPED_TRACE("junk text");
-    WriteFile("[Options\nSetOpponent 5\n=3\n[]\n[WindowPosition]]\nLeft\n");
-    ExpectDefaults(LoadSettings(path_));
-  }
-  {
-    SCOPED_TRACE("folder");
-    fs::remove(path_);
-    fs::create_directory(path_);
-    ExpectDefaults(LoadSettings(path_));
+TEST(Settings, DefaultsForMissingEmptyAndJunkFiles) {
+  std::string binary;
+  for (int i = 0; i < 5000; ++i) binary += static_cast<char>((i * 131 + 7) % 256);
+  const std::string cases[] = {"(missing)", "", binary, "[Options\nSetOpponent 5\n=3\n[]\n"};
+  for (const std::string& text : cases) {
+    SCOPED_TRACE(&text - cases);
+    test::TempSettings file;
+    if (&text != &cases[0]) file.Write(text);
+    const Settings s = LoadSettings(file.path());
+    EXPECT_EQ(s.left, 0);
+    EXPECT_EQ(s.top, 0);
+    EXPECT_EQ(s.options, (StoredOptions{0, 0, 0, 0, 0, 0, 1, 2, 2}));
+    EXPECT_EQ(s.stats, (std::array<GameStats, 3>{}));
   }
 }
 
-TEST_F(SettingsTest, FullWriteHasAll67KeysInOrder) {
+TEST(Settings, FullWriteHasAll67KeysInOrderAndReadsBack) {
+  test::TempSettings file;
   const Settings s = Sample();
-  ASSERT_TRUE(SaveSettings(path_, s));
+  ASSERT_TRUE(SaveSettings(file.path(), s));
   const std::string expected =
-      "[WindowPosition]\n"
-      "Left=1200\n"
-      "Top=345.5\n"
-      "[Options]\n"
-      "SetStackem=1\n"
-      "SetBackem=0\n"
-      "SetSwitchem=1\n"
-      "SetSmackem=0\n"
-      "SetTakem=1\n"
-      "SetRandom=0\n"
-      "SetOpponent=2\n"
-      "SetFastMode=1\n"
+      "[WindowPosition]\nLeft=1000000\nTop=345.5\n[Options]\nSetStackem=1\nSetBackem=0\n"
+      "SetSwitchem=1\nSetSmackem=0\nSetTakem=1\nSetRandom=0\nSetOpponent=2\nSetFastMode=1\n"
       "SetLearnMode=2\n" +
-      StatsSectionText("StatsVsComputer", s.stats[kVsComputer]) +
-      StatsSectionText("StatsVsHumans", s.stats[kVsHumans]);
-  EXPECT_EQ(ReadFile(), expected);
-  EXPECT_EQ(std::count(expected.begin(), expected.end(), '='), 67);
+      StatsText(s.stats);
+  EXPECT_EQ(file.Read(), expected);
 
-  const Settings back = LoadSettings(path_);
-  EXPECT_EQ(back.left, 1200);
-  EXPECT_EQ(back.top, 345) << "the position reads back by its leading digits";
+  const Settings back = LoadSettings(file.path());
+  EXPECT_EQ(back.left, 1e6f);
+  EXPECT_EQ(back.top, 345) << "read by its leading digits";
   EXPECT_EQ(back.options, s.options);
   EXPECT_EQ(back.stats, s.stats);
 }
 
-TEST_F(SettingsTest, PositionIsWrittenWithoutNeedlessDecimalsOrExponent) {
-  Settings s;
-  for (const auto& [value, text] : std::vector<std::pair<float, std::string>>{
-           {1200.f, "1200"}, {-150.f, "-150"}, {0.25f, "0.25"}, {1e6f, "1000000"}, {-0.f, "0"}}) {
-    s.left = value;
-    ASSERT_TRUE(SaveSettings(path_, s));
-    EXPECT_NE(ReadFile().find("\nLeft=" + text + "\n"), std::string::npos) << text;
-  }
-  EXPECT_EQ(LoadSettings(path_).left, 0);
-  s.left = 57600;  // right half of a 4K screen
-  ASSERT_TRUE(SaveSettings(path_, s));
-  EXPECT_EQ(LoadSettings(path_).left, 57600) << "the position is no 16-bit counter";
-}
-
-TEST_F(SettingsTest, CountersAndOptionsAreClampedTo16Bits) {
-  WriteFile(
-      "[Options]\nSetOpponent=70000\nSetStackem=-99999\n"
-      "[StatsVsComputer]\nWins1=99999999\nLosses2=-40000\nTies3=32767\n"
-      "[StatsVsHumans]\nTStreak=123456789012345\n");
-  const Settings s = LoadSettings(path_);
-  EXPECT_EQ(s.options.opponent, 32767);
+TEST(Settings, ValuesReadAsClampedProfileIntegers) {
+  test::TempSettings file;
+  file.Write(
+      "[options]\nsetopponent=-7\nSETFASTMODE=abc\nSetStackem=-99999\n"
+      "[WINDOWPOSITION]\n left = 1200.5 \n"
+      "[StatsVsComputer]\nWins1=99999999\n");
+  const Settings s = LoadSettings(file.path());
+  EXPECT_EQ(s.options.opponent, -7);
+  EXPECT_EQ(s.options.fast_mode, 0) << "text that is no number is 0, not the default";
   EXPECT_EQ(s.options.stackem, -32768);
-  EXPECT_EQ(s.stats[kVsComputer].wins[1], 32767);
-  EXPECT_EQ(s.stats[kVsComputer].losses[2], -32768);
-  EXPECT_EQ(s.stats[kVsComputer].ties[3], 32767);
-  EXPECT_EQ(s.stats[kVsHumans].t_streak, 32767);
-}
-
-TEST_F(SettingsTest, LooseValuesReadAsProfileIntegers) {
-  WriteFile(
-      "[options]\nsetopponent=7\nSETFASTMODE=0\nSetLearnMode=abc\nSetBackem=1.9\n"
-      "[WINDOWPOSITION]\n left = 1200.5 \n");
-  const Settings s = LoadSettings(path_);
-  EXPECT_EQ(s.options.opponent, 7);
-  EXPECT_EQ(s.options.fast_mode, 0);
-  EXPECT_EQ(s.options.learn_mode, 0) << "text that is no number reads as 0, not the default";
-  EXPECT_EQ(s.options.backem, 1);
   EXPECT_EQ(s.left, 1200);
+  EXPECT_EQ(s.stats[kVsComputer].wins[1], 32767);
 }
 
-TEST_F(SettingsTest, RandomForgetsTheOptionsItDrew) {
+TEST(Settings, RandomForgetsTheOptionsItDrew) {
+  test::TempSettings file;
   Settings s;
   s.options = {1, 1, 1, 1, 1, 1, 1, 1, 1};
-  ASSERT_TRUE(SaveSettings(path_, s));
-  EXPECT_EQ(LoadSettings(path_).options, (StoredOptions{0, 0, 0, 0, 0, 1, 1, 1, 1}));
+  ASSERT_TRUE(SaveSettings(file.path(), s));
+  EXPECT_EQ(LoadSettings(file.path()).options, (StoredOptions{0, 0, 0, 0, 0, 1, 1, 1, 1}));
   s.options.random = 0;
-  ASSERT_TRUE(SaveSettings(path_, s));
-  EXPECT_EQ(LoadSettings(path_).options, (StoredOptions{1, 1, 1, 1, 1, 0, 1, 1, 1}));
+  ASSERT_TRUE(SaveSettings(file.path(), s));
+  EXPECT_EQ(LoadSettings(file.path()).options, (StoredOptions{1, 1, 1, 1, 1, 0, 1, 1, 1}));
 }
 
-TEST_F(SettingsTest, HandEditedFileKeepsItsOtherLines) {
-  WriteFile(
-      "; my settings\n"
-      "[options]\n"
-      "setstackem=1\n"
-      "Colour=green\n"
-      "[Mine]\n"
-      "Anything=goes\n"
-      "[StatsVsComputer]\n"
-      "wins1=4\n");
-  Settings s = LoadSettings(path_);
-  EXPECT_EQ(s.options.stackem, 1);
-  EXPECT_EQ(s.stats[kVsComputer].wins[1], 4);
-  s.stats[kVsComputer].wins[1] = 5;
-  ASSERT_TRUE(SaveSettings(path_, s));
+TEST(Settings, SavingKeepsEveryOtherLine) {
+  test::TempSettings file;
+  const std::string head = "; mine\n[options]\nsetstackem=1\nColour=green\n[Mine]\nAny=goes\n";
+  file.Write(head + "[StatsVsComputer]\nWins1=9\n");
+  ASSERT_TRUE(SaveStatistics(file.path(), Sample().stats));
+  EXPECT_EQ(file.Read(), head + StatsText(Sample().stats));
 
-  const std::string text = ReadFile();
-  const auto at = [&](const std::string& line) { return text.find(line + "\n"); };
-  EXPECT_EQ(text.rfind("; my settings\n[options]\nSetStackem=1\nColour=green\nSetBackem=0\n", 0),
-            0u)
+  ASSERT_TRUE(SaveSettings(file.path(), LoadSettings(file.path())));
+  const std::string text = file.Read();
+  EXPECT_EQ(text.rfind("; mine\n[options]\nSetStackem=1\nColour=green\nSetBackem=0\n", 0), 0u)
       << text;
-  EXPECT_NE(at("[Mine]\nAnything=goes"), std::string::npos);
-  EXPECT_EQ(text.find("setstackem"), std::string::npos) << "updated, not added a second time";
-  EXPECT_EQ(text.find("[Options]"), std::string::npos);
-  // New keys of a present section join it, ahead of the sections that follow it.
-  EXPECT_LT(at("SetLearnMode=2"), at("[Mine]"));
-  EXPECT_LT(at("[StatsVsComputer]"), at("Wins1=5"));
-  EXPECT_LT(at("Wins1=5"), at("Wins2=0"));
-  EXPECT_LT(at("TStreak=0"), at("[StatsVsHumans]"));
-  // Sections the file lacked come at the end.
-  EXPECT_GT(at("[WindowPosition]"), at("[Mine]"));
-  EXPECT_EQ(LoadSettings(path_).stats, s.stats);
+  EXPECT_NE(text.find("\n[Mine]\nAny=goes\n"), std::string::npos);
 }
 
-TEST_F(SettingsTest, SaveStatisticsTouchesOnlyTheStatistics) {
-  ASSERT_TRUE(SaveStatistics(path_, Sample().stats));
-  EXPECT_EQ(ReadFile(), StatsSectionText("StatsVsComputer", Sample().stats[kVsComputer]) +
-                            StatsSectionText("StatsVsHumans", Sample().stats[kVsHumans]));
-
-  const std::string head = "[WindowPosition]\nLeft=5\n[Options]\nSetStackem=1\n";
-  WriteFile(head + "[StatsVsComputer]\nWins1=9\n");
-  std::array<GameStats, 3> stats{};
-  stats[kVsHumans].ties[2] = 3;
-  ASSERT_TRUE(SaveStatistics(path_, stats));
-  EXPECT_EQ(ReadFile(), head + StatsSectionText("StatsVsComputer", stats[kVsComputer]) +
-                            StatsSectionText("StatsVsHumans", stats[kVsHumans]));
-}
-
-TEST_F(SettingsTest, UnwritablePlaceReportsFailure) {
-  const fs::path blocker = dir_ / "file";
+TEST(Settings, UnwritablePlaceReportsFailure) {
+  test::TempSettings file;
+  const fs::path blocker = file.dir() / "file";
   std::ofstream(blocker) << "x";
-  const std::string inside_file = (blocker / "Bramblequay.INI").string();
-  EXPECT_FALSE(SaveSettings(inside_file, Sample()));
-  EXPECT_FALSE(SaveStatistics(inside_file, Sample().stats));
-  ExpectDefaults(LoadSettings(inside_file));
+  EXPECT_FALSE(SaveSettings((blocker / "x.ini").string(), Sample()));
 }
 
 }  // namespace
