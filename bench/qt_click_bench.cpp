@@ -20,7 +20,7 @@ class ClickBench : public QObject {
 };
 
 void ClickBench::moveWithComputerReply() {
-  Session s(QStringLiteral("[Options]\nSetFastMode=1\n"));
+  Session s("[Options]\nSetFastMode=1\n");
   GameWindow* w = s.window();
   QVERIFY(QTest::qWaitForWindowExposed(w));
   s.front->Click("cmdNew");
@@ -60,4 +60,4 @@ void ClickBench::emptyWindowStartUp() {
 }
 
 QTEST_MAIN(ClickBench)
-#include "click_bench.moc"
+#include "qt_click_bench.moc"
