@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <numeric>
 
 #include "engine/game_state.h"
 #include "support/scripted_rng.h"
@@ -74,14 +72,10 @@ TEST(Shuffle, ExchangesWithAPositionFromTheWholeDeckStartingFromTheLastOrder) {
   EXPECT_EQ(g.deck[2], 1);
   EXPECT_EQ(g.deck[100], 99);
   EXPECT_EQ(rng.draws(), 100);
-  // The next shuffle works on this order, not on a fresh deck.
+  // The next shuffle works on this order, not on a fresh deck: j = 100 for every i.
   for (int i = 0; i < 100; ++i) rng.Script({0.999f});
   ShuffleDeck(g, rng);
-  std::vector<int> sorted(g.deck.begin() + 1, g.deck.end());
-  std::sort(sorted.begin(), sorted.end());
-  std::vector<int> all(100);
-  std::iota(all.begin(), all.end(), 1);
-  EXPECT_EQ(sorted, all);
+  EXPECT_EQ(g.deck[100], 98);
 }
 
 TEST(RandomOptions, EachOptionIsOnExactlyAtOrBelowTheThreshold) {

@@ -85,17 +85,6 @@ TEST(TurnA, TheDrawPileComesRoundAgainInTheSameOrder) {
   EXPECT_EQ(g.model.state().DrawTop(), first);
 }
 
-TEST(TurnA, CardPopUpCompletesTheSameMoves) {
-  Game g;
-  g.NewGameAFirst();
-  g.Set("DiscardTop", "12");
-  ASSERT_TRUE(g.model.RightClick("lblCardA(2)"));
-  EXPECT_TRUE(g.C("mnuPopupCardDiscard").enabled);
-  ASSERT_TRUE(g.Click("mnuPopupCardDiscard"));
-  EXPECT_EQ(g.model.state().Card(kSideA, 2), 12);
-  EXPECT_EQ(g.Field("MoveCountA"), "1");
-}
-
 // Side B one card from order: the computer's discard judge wants 45 for slot 5.
 void ComputerWantsTheDiscard(Game& g) {
   g.Set("Stacks(2)", "5 15 25 35 99 55 65 75 85 95");
@@ -164,22 +153,6 @@ TEST(ComputerTurn, TakingNothingAlwaysWaits) {
     EXPECT_EQ(g.Field("TurnOwner"), "1");
     EXPECT_TRUE(g.C("lblDrawPile").enabled);
   }
-}
-
-TEST(LearnDisplay, TheJudgementToggleRestoresThePlayersModes) {
-  Game g;
-  ASSERT_TRUE(g.Click("optFastModeOn"));
-  ASSERT_TRUE(g.model.ClickBackground(true));
-  EXPECT_EQ(g.Field("FastMode"), "0");
-  EXPECT_EQ(g.Field("LearnMode"), "1");
-  EXPECT_EQ(g.C("optLearnModeOn").value, 1);
-  EXPECT_TRUE(g.C("lblRangeA(1)").visible);
-  EXPECT_TRUE(g.C("lblGoodBad(10)").visible);
-  ASSERT_TRUE(g.model.ClickBackground(true));
-  EXPECT_EQ(g.Field("FastMode"), "1");
-  EXPECT_EQ(g.Field("LearnMode"), "0");
-  EXPECT_FALSE(g.C("lblRangeB(1)").visible);
-  EXPECT_FALSE(g.model.ClickBackground(false));
 }
 
 }  // namespace
