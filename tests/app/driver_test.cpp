@@ -106,6 +106,17 @@ TEST_F(DriverTest, LinesItCannotCarryOutAreAnsweredAndTheRunGoesOn) {
   EXPECT_TRUE(Has(out, "DrawCount=79"));  // still answering after all that
 }
 
+TEST_F(DriverTest, AboutShowsTheVersionAndItsAddressOpens) {
+  const std::string out =
+      Run("click mnuHelpAbout\nshow frmAbout.lblVersion\nclick frmAbout.lblWebsite\n"
+          "click frmAbout.cmdOK\nclick frmAbout.cmdOK\n");
+  EXPECT_TRUE(Has(out, "open: frmAbout"));
+  EXPECT_NE(out.find("caption=\"Version 1.0.0\""), std::string::npos);
+  EXPECT_NE(out.find("opened: https://"), std::string::npos);
+  EXPECT_TRUE(Has(out, "closed: frmAbout"));
+  EXPECT_TRUE(Has(out, "ignored: frmAbout.cmdOK"));
+}
+
 TEST_F(DriverTest, StatisticsClearedInTheWindowSurviveTheNextGameAndTheExit) {
   file_.Write(
       "[StatsVsComputer]\nWins1=4\nWins7=6\nWStreak=2\nWins8=3\n[StatsVsHumans]\nTies7=2\n");

@@ -1,5 +1,6 @@
 #include "ui/model/app_model.h"
 
+#include "ui/model/about_model.h"
 #include "ui/model/stats_model.h"
 
 namespace bq {
@@ -7,7 +8,8 @@ namespace bq {
 AppModel::AppModel(Platform& platform, std::string settings_path)
     : platform_(platform),
       game_(platform, std::move(settings_path)),
-      stats_(std::make_unique<StatsModel>(platform)) {}
+      stats_(std::make_unique<StatsModel>(platform)),
+      about_(std::make_unique<AboutModel>(platform)) {}
 
 AppModel::~AppModel() = default;
 
@@ -23,6 +25,7 @@ WindowModel* AppModel::Window(std::string_view name) {
   if (name == "frmGame") return &game_;
   if (name == "frmStats") return stats_.get();
   if (name == "frmConfirmClearStats") return &stats_->Confirm();
+  if (name == "frmAbout") return about_.get();
   return nullptr;
 }
 
@@ -30,6 +33,7 @@ bool AppModel::IsOpen(std::string_view window) const {
   if (window == "frmGame") return !game_.exited();
   if (window == "frmStats") return stats_->IsOpen();
   if (window == "frmConfirmClearStats") return stats_->Confirm().IsOpen();
+  if (window == "frmAbout") return about_->IsOpen();
   return false;
 }
 
@@ -63,6 +67,8 @@ AppModel::Result AppModel::Click(std::string_view full_name) {
     AfterGameEvent();
   } else if (window == "frmStats") {
     done = stats_->Click(name);
+  } else if (window == "frmAbout") {
+    done = about_->Click(name);
   } else {
     done = stats_->Confirm().Click(name);
   }
@@ -91,19 +97,23 @@ AppModel::Result AppModel::Close(std::string_view window) {
     if (Modal()) return Result::kIgnored;
     return stats_->Close() ? Result::kDone : Result::kIgnored;
   }
-  // The game window: every other window goes with it.
+  if (window == "frmAbout") return about_->Close() ? Result::kDone : Result::kIgnored;
+  game_.Exit();
+  CloseOthers();
+  return Result::kDone;
+}
+
+// The game window's exit takes every other window with it.
+void AppModel::CloseOthers() {
   if (Modal()) stats_->Confirm().Close();
   if (stats_->IsOpen()) stats_->Close();
-  game_.Exit();
-  return Result::kDone;
+  about_->Close();
 }
 
 void AppModel::AfterGameEvent() {
   if (game_.TakeStatsRequest()) stats_->Open(game_.settings_path(), game_.vs_computer());
-  if (game_.exited()) {
-    if (Modal()) stats_->Confirm().Close();
-    if (stats_->IsOpen()) stats_->Close();
-  }
+  if (game_.TakeAboutRequest()) about_->Open();
+  if (game_.exited()) CloseOthers();
 }
 
 }  // namespace bq

@@ -9,6 +9,7 @@
 
 namespace bq {
 
+class AboutModel;
 class StatsModel;
 class ConfirmClearModel;
 
@@ -29,7 +30,7 @@ class AppModel {
   StatsModel& stats() { return *stats_; }
   ConfirmClearModel& confirm();
 
-  // "frmGame", "frmStats", "frmConfirmClearStats"; nullptr for an unknown window.
+  // "frmGame", "frmStats", "frmConfirmClearStats", "frmAbout"; nullptr for an unknown window.
   WindowModel* Window(std::string_view name);
   bool IsOpen(std::string_view window) const;
   // Splits "frmStats.cmdYes" into its window and control; a plain name is the game window's.
@@ -46,11 +47,13 @@ class AppModel {
 
  private:
   void AfterGameEvent();
+  void CloseOthers();
   bool Modal() const;  // the confirmation dialog holds every other window
 
   Platform& platform_;
   GameModel game_;
   std::unique_ptr<StatsModel> stats_;
+  std::unique_ptr<AboutModel> about_;
 };
 
 }  // namespace bq

@@ -1,6 +1,7 @@
 #include "ui/model/game_model.h"
 
 #include <charconv>
+#include <utility>
 
 namespace bq {
 namespace {
@@ -258,9 +259,11 @@ void GameModel::Prompt(Control& c) {
 }
 
 bool GameModel::TakeStatsRequest() {
-  const bool requested = stats_requested_;
-  stats_requested_ = false;
-  return requested;
+  return std::exchange(stats_requested_, false);
+}
+
+bool GameModel::TakeAboutRequest() {
+  return std::exchange(about_requested_, false);
 }
 
 bool GameModel::Click(std::string_view name) {
@@ -323,10 +326,7 @@ bool GameModel::Click(std::string_view name) {
     platform_.Open("help.html");
     return true;
   }
-  if (c == &mnuHelpAbout || c == &mnuPopupHelpAbout) {
-    platform_.WindowOpened("frmAbout");
-    return true;
-  }
+  if (c == &mnuHelpAbout || c == &mnuPopupHelpAbout) return about_requested_ = true, true;
   if (c == &mnuPopupCardDiscard) return CardPopup(true);
   if (c == &mnuPopupCardDraw) return CardPopup(false);
   if (c == &lblDiscardPile) return ClickDiscardPile();

@@ -35,8 +35,9 @@ class GameModel : public WindowModel {
   void Exit();
 
   bool exited() const { return exited_; }
-  // Set by the statistics menu commands; the application opens the window and clears it.
+  // Set by the Statistics and About commands; the application opens the window.
   bool TakeStatsRequest();
+  bool TakeAboutRequest();
 
   // Game values by the driver's names; nullopt for an unknown field.
   std::optional<std::string> GetField(std::string_view field) const;
@@ -215,6 +216,7 @@ class GameModel : public WindowModel {
   bool first_turn_ = false;
   bool exited_ = false;
   bool stats_requested_ = false;
+  bool about_requested_ = false;
   bool warned_unwritable_ = false;
   Selecting selecting_ = Selecting::kNone;
   Pending pending_ = Pending::kNone;
