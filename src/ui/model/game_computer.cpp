@@ -155,16 +155,10 @@ void GameModel::ApplyComputerTakem() {
   lblCardB[static_cast<size_t>(p)].marked = 0;
   Show(cmdSetupTakemB, false, false);
   ResetComputerJudgement();
-  g_.move_count_b = std::min(g_.move_count_b + 1, 32767);
-  RefreshMoveCounts();
+  CountMove(kSideB);
   RefreshSlotVisibility();
   TestBothStacks(g_, Backem());
-  g_.turn_owner = kSideA;
-  if (g_.turn_result != kUndecided) {
-    EndIfDecided();
-    return;
-  }
-  StartTurnA();
+  NextTurnUnlessDecided(kSideA);
 }
 
 bool GameModel::ComputerSmackemDecision() {
@@ -200,16 +194,12 @@ void GameModel::ApplyComputerSmackem() {
   lblCardA[static_cast<size_t>(smack_slot1_)].marked = 0;
   lblCardA[static_cast<size_t>(smack_slot2_)].marked = 0;
   Show(cmdSetupSmackemB, false, false);
-  g_.move_count_b = std::min(g_.move_count_b + 1, 32767);
-  RefreshMoveCounts();
+  CountMove(kSideB);
   RefreshSlotVisibility();
   g_.turn_owner = kSideA;
   // The swap may put the player's Stack in order: the computer then hands over the game.
-  if (TestOneStack(g_, Backem()) == kAInOrder) {
-    EndIfDecided();
-    return;
-  }
-  StartTurnA();
+  TestOneStack(g_, Backem());
+  NextTurnUnlessDecided(kSideA);
 }
 
 void GameModel::ComputerDirectionChoice() {
@@ -279,8 +269,7 @@ void GameModel::ApplyComputerSwitchem() {
   judge_.UpdateJudgement();
   RefreshGoodBad();
   RefreshSlotVisibility();
-  g_.move_count_b = std::min(g_.move_count_b + 1, 32767);
-  RefreshMoveCounts();
+  CountMove(kSideB);
   TestBothStacks(g_, Backem());
   if (g_.turn_result != kUndecided) {
     EndIfDecided();

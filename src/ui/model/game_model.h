@@ -152,6 +152,8 @@ class GameModel : public WindowModel {
   void MoveReady();
   void CompleteMoveA();
   void EndOfMoveB();
+  void CountMove(int side);
+  void NextTurnUnlessDecided(int side);
   void UnmarkCardsA();
   int MarkedCount(const SlotControls& labels) const;
   void AdvanceDrawPile();
@@ -179,6 +181,8 @@ class GameModel : public WindowModel {
   void CompleteSwitchemA();
   void SetupSmackemA();
   void SetupTakemA();
+  void BeginPick(Selecting kind);
+  void FinishPick(Control& prompt, Control& setup, std::array<bool, 3>& used);
   void CancelSelection();
   void CompleteSmackemA();
   void CompleteTakemA();

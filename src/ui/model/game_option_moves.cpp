@@ -55,21 +55,33 @@ void GameModel::CompleteSwitchemA() {
   for (int k = 1; k <= N(); ++k) lblCardA[static_cast<size_t>(k)].enabled = false;
   Hide(cmdSwitchemA);
   selecting_ = Selecting::kNone;
-  g_.move_count_a = std::min(g_.move_count_a + 1, 32767);
-  RefreshMoveCounts();
+  CountMove(kSideA);
   lblDiscardPile.caption = CardFace(g_.discard_top);
   if (vs_computer_) ComputerSwitchemChoice();
 }
 
 void GameModel::SetupSmackemA() {
-  if (selecting_ == Selecting::kSmackemA) return CancelSelection();
-  selecting_ = Selecting::kSmackemA;
-  Hide(cmdTakemA);
+  BeginPick(Selecting::kSmackemA);
+}
+
+void GameModel::SetupTakemA() {
+  BeginPick(Selecting::kTakemA);
+}
+
+// Smackem picks two of the opponent's cards, Takem one of them and one of the player's own.
+void GameModel::BeginPick(Selecting kind) {
+  if (selecting_ == kind) return CancelSelection();
+  const bool takem = kind == Selecting::kTakemA;
+  selecting_ = kind;
+  Control& prompt = takem ? cmdTakemA : cmdSmackemA;
+  Hide(takem ? cmdSmackemA : cmdTakemA);
+  (takem ? cmdSetupSmackemA : cmdSetupTakemA).enabled = false;
   lblDiscardPile.enabled = false;
   lblDiscardPile.marked = 0;
+  takem_positions_ = {};
   for (int k = 1; k <= N(); ++k) {
     auto& a = lblCardA[static_cast<size_t>(k)];
-    a.enabled = false;
+    a.enabled = takem;
     a.marked = 0;
     auto& b = lblCardB[static_cast<size_t>(k)];
     Show(b, true, true);
@@ -77,32 +89,26 @@ void GameModel::SetupSmackemA() {
     // The opponent's cards stay face down while they are picked.
     if (!learn_mode_ && !judgement_shown_) b.caption = " ";
   }
-  cmdSmackemA.caption = std::string(kSmackemFast) + (fast_mode_ ? "" : kThenClick);
+  prompt.caption = std::string(takem ? kTakemFast : kSmackemFast) + (fast_mode_ ? "" : kThenClick);
   cmdPlayA.enabled = false;
-  cmdSetupTakemA.enabled = false;
-  Prompt(cmdSmackemA);
+  Prompt(prompt);
 }
 
-void GameModel::SetupTakemA() {
-  if (selecting_ == Selecting::kTakemA) return CancelSelection();
-  selecting_ = Selecting::kTakemA;
-  Hide(cmdSmackemA);
-  lblDiscardPile.enabled = false;
-  lblDiscardPile.marked = 0;
-  takem_positions_ = {};
+// A completed Smackem or Takem: used up and counted; the computer judges its changed Stack anew.
+void GameModel::FinishPick(Control& prompt, Control& setup, std::array<bool, 3>& used) {
+  selecting_ = Selecting::kNone;
   for (int k = 1; k <= N(); ++k) {
-    auto& a = lblCardA[static_cast<size_t>(k)];
-    a.enabled = true;
-    a.marked = 0;
-    auto& b = lblCardB[static_cast<size_t>(k)];
-    Show(b, true, true);
-    b.marked = 0;
-    if (!learn_mode_ && !judgement_shown_) b.caption = " ";
+    ShowCardB(k);
+    lblCardB[static_cast<size_t>(k)].marked = 0;
+    lblCardB[static_cast<size_t>(k)].enabled = false;
   }
-  cmdTakemA.caption = std::string(kTakemFast) + (fast_mode_ ? "" : kThenClick);
-  cmdPlayA.enabled = false;
-  cmdSetupSmackemA.enabled = false;
-  Prompt(cmdTakemA);
+  Hide(prompt);
+  Hide(setup);
+  used[kSideA] = true;
+  CountMove(kSideA);
+  if (vs_computer_) ResetComputerJudgement();
+  RefreshSlotVisibility();
+  lblDiscardPile.enabled = lblDrawPile.enabled = false;
 }
 
 // A second press on the set-up button, or a look at the Draw Pile, abandons the special move.
@@ -137,27 +143,11 @@ void GameModel::CompleteSmackemA() {
   special_positions_ = {0, p1, p2};
   // The clicked positions are screen positions; the Stack itself may be held reversed.
   std::swap(g_.Card(kSideB, g_.DisplayPos(p1)), g_.Card(kSideB, g_.DisplayPos(p2)));
-  selecting_ = Selecting::kNone;
-  for (int k = 1; k <= N(); ++k) {
-    ShowCardB(k);
-    lblCardB[static_cast<size_t>(k)].marked = 0;
-    lblCardB[static_cast<size_t>(k)].enabled = false;
-  }
-  Hide(cmdSmackemA);
-  Hide(cmdSetupSmackemA);
-  g_.move_count_a = std::min(g_.move_count_a + 1, 32767);
-  smackem_used_[kSideA] = true;
-  RefreshMoveCounts();
-  if (vs_computer_) ResetComputerJudgement();
-  RefreshSlotVisibility();
-  lblDiscardPile.enabled = lblDrawPile.enabled = false;
+  FinishPick(cmdSmackemA, cmdSetupSmackemA, smackem_used_);
   // The mover hands over first, so the test looks at the Stack that was just changed.
   g_.turn_owner = kSideB;
-  if (TestOneStack(g_, Backem()) != kUndecided) {
-    EndIfDecided();
-    return;
-  }
-  StartTurnB();
+  TestOneStack(g_, Backem());
+  NextTurnUnlessDecided(kSideB);
 }
 
 void GameModel::CompleteTakemA() {
@@ -173,30 +163,12 @@ void GameModel::CompleteTakemA() {
   takem_positions_ = {0, a, b};
   const int slot_b = g_.DisplayPos(b);
   std::swap(g_.Card(kSideA, a), g_.Card(kSideB, slot_b));
-  selecting_ = Selecting::kNone;
   ShowCardA(a);
   lblCardA[static_cast<size_t>(a)].marked = 0;
-  for (int k = 1; k <= N(); ++k) {
-    ShowCardB(k);
-    lblCardB[static_cast<size_t>(k)].marked = 0;
-    lblCardB[static_cast<size_t>(k)].enabled = false;
-  }
-  Hide(cmdTakemA);
-  Hide(cmdSetupTakemA);
-  g_.move_count_a = std::min(g_.move_count_a + 1, 32767);
-  takem_used_[kSideA] = true;
-  RefreshMoveCounts();
-  if (vs_computer_) ResetComputerJudgement();
-  RefreshSlotVisibility();
-  lblDiscardPile.enabled = lblDrawPile.enabled = false;
+  FinishPick(cmdTakemA, cmdSetupTakemA, takem_used_);
   // Both Stacks changed, so both are tested: an exchange can put both in order at once.
   TestBothStacks(g_, Backem());
-  g_.turn_owner = kSideB;
-  if (g_.turn_result != kUndecided) {
-    EndIfDecided();
-    return;
-  }
-  StartTurnB();
+  NextTurnUnlessDecided(kSideB);
 }
 
 void GameModel::AnnounceSmackemB(int pos1, int pos2) {
@@ -221,15 +193,11 @@ void GameModel::ApplySmackemB() {
   lblCardA[static_cast<size_t>(p2)].marked = 0;
   Hide(cmdSmackemB);
   Hide(cmdSetupSmackemB);
-  g_.move_count_b = std::min(g_.move_count_b + 1, 32767);
   smackem_used_[kSideB] = true;
-  RefreshMoveCounts();
+  CountMove(kSideB);
   g_.turn_owner = kSideA;
-  if (TestOneStack(g_, Backem()) != kUndecided) {
-    EndIfDecided();
-    return;
-  }
-  StartTurnA();
+  TestOneStack(g_, Backem());
+  NextTurnUnlessDecided(kSideA);
 }
 
 // The message names the sender's own slot first; here that is a slot of the opponent's Stack.
@@ -251,16 +219,11 @@ void GameModel::ApplyTakemB() {
   lblCardB[static_cast<size_t>(b)].marked = 0;
   Hide(cmdTakemB);
   Hide(cmdSetupTakemB);
-  g_.move_count_b = std::min(g_.move_count_b + 1, 32767);
   takem_used_[kSideB] = true;
-  RefreshMoveCounts();
+  CountMove(kSideB);
   g_.turn_owner = kSideA;
   TestBothStacks(g_, Backem());
-  if (g_.turn_result != kUndecided) {
-    EndIfDecided();
-    return;
-  }
-  StartTurnA();
+  NextTurnUnlessDecided(kSideA);
 }
 
 }  // namespace bq

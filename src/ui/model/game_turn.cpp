@@ -196,6 +196,22 @@ bool GameModel::CardPopup(bool discard) {
 
 #undef BQ_REQUIRE_A_TURN
 
+void GameModel::CountMove(int side) {
+  int& count = side == kSideA ? g_.move_count_a : g_.move_count_b;
+  count = std::min(count + 1, 32767);
+  RefreshMoveCounts();
+}
+
+// After a move's order test: the game ends, or `side` moves next.
+void GameModel::NextTurnUnlessDecided(int side) {
+  if (g_.turn_result != kUndecided) return EndIfDecided();
+  g_.turn_owner = side;
+  if (side == kSideA)
+    StartTurnA();
+  else
+    StartTurnB();
+}
+
 void GameModel::MoveReady() {
   if (fast_mode_)
     CompleteMoveA();
@@ -232,20 +248,13 @@ void GameModel::CompleteMoveA() {
   lblDrawPile.caption = kFaceDown;
   cmdPlayA.enabled = false;
   UnmarkCardsA();
-  g_.move_count_a = std::min(g_.move_count_a + 1, 32767);
-  RefreshMoveCounts();
+  CountMove(kSideA);
   if (chosen_slot_ > 0) TestOneStack(g_, Backem());
-  if (g_.turn_result == kAInOrder) {
-    EndIfDecided();
-    return;
-  }
-  g_.turn_owner = kSideB;
-  StartTurnB();
+  NextTurnUnlessDecided(kSideB);
 }
 
 void GameModel::EndOfMoveB() {
-  g_.move_count_b = std::min(g_.move_count_b + 1, 32767);
-  RefreshMoveCounts();
+  CountMove(kSideB);
   if (vs_computer_) {
     SyncJudgement();
     judge_.UpdateJudgement();
@@ -253,12 +262,7 @@ void GameModel::EndOfMoveB() {
   }
   // Only side B's cards changed; both are tested so that nothing in order goes unnoticed.
   TestBothStacks(g_, Backem());
-  if (g_.turn_result != kUndecided) {
-    EndIfDecided();
-    return;
-  }
-  g_.turn_owner = kSideA;
-  StartTurnA();
+  NextTurnUnlessDecided(kSideA);
 }
 
 }  // namespace bq
