@@ -12,6 +12,7 @@
 #include "ui/qt/command_line.h"
 #include "ui/qt/front_end.h"
 #include "ui/qt/qt_platform.h"
+#include "ui/qt/quit_signals.h"
 
 #ifndef BQ_VERSION
 #define BQ_VERSION "0.0.0"
@@ -77,6 +78,7 @@ int main(int argc, char** argv) {
   QObject::connect(&front, &FrontEnd::exited, &app, &QCoreApplication::quit, Qt::QueuedConnection);
   front.Start();
   if (front.finished()) return 0;
+  RunOnTerminationSignals(&front, [&front] { front.Close("frmGame"); });
   const int code = QApplication::exec();
   platform.set_host(nullptr);
   return code;
