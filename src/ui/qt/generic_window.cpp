@@ -17,14 +17,14 @@ void ClickableLabel::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 GenericWindow::GenericWindow(FrontEnd& front, const WindowModel& model, QWidget* parent)
-    : QWidget(parent, Qt::Window), front_(front), binder_(model), name_(model.Name()) {
+    : ModelWindow(front, model, parent, Qt::Window) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(16, 14, 16, 14);
   column->setSpacing(6);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
   for (const NamedControl& nc : model.Controls()) {
-    const std::string full = name_ + "." + nc.name;
+    const std::string full = name() + "." + nc.name;
     if (nc.name == "Caption") {
       binder_.Bind(nc.name, this);
     } else if (nc.name.rfind("cmd", 0) == 0) {
@@ -45,11 +45,6 @@ GenericWindow::GenericWindow(FrontEnd& front, const WindowModel& model, QWidget*
   column->addStretch();
   column->addLayout(buttons);
   binder_.Apply();
-}
-
-void GenericWindow::closeEvent(QCloseEvent* event) {
-  if (front_.app().IsOpen(name_)) front_.Close(name_);
-  event->accept();
 }
 
 }  // namespace bq::qt

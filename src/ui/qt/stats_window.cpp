@@ -42,7 +42,7 @@ QFrame* Rule(QWidget* parent) {
 }  // namespace
 
 StatsWindow::StatsWindow(FrontEnd& front, const WindowModel& model, QWidget* parent)
-    : QWidget(parent, Qt::Window), front_(front), binder_(model) {
+    : ModelWindow(front, model, parent, Qt::Window) {
   binder_.Bind("Caption", this);
   auto* outer = new QVBoxLayout(this);
   outer->setContentsMargins(16, 14, 16, 14);
@@ -117,16 +117,8 @@ StatsWindow::StatsWindow(FrontEnd& front, const WindowModel& model, QWidget* par
   binder_.Apply();
 }
 
-void StatsWindow::closeEvent(QCloseEvent* event) {
-  if (front_.app().IsOpen("frmStats")) front_.Close("frmStats");
-  if (front_.app().IsOpen("frmStats"))
-    event->ignore();
-  else
-    event->accept();
-}
-
 ConfirmClearDialog::ConfirmClearDialog(FrontEnd& front, const WindowModel& model, QWidget* parent)
-    : QDialog(parent), front_(front), binder_(model) {
+    : ModelWindow(front, model, parent, Qt::Dialog) {
   setModal(true);
   binder_.Bind("Caption", this);
   auto* outer = new QVBoxLayout(this);
@@ -150,11 +142,6 @@ ConfirmClearDialog::ConfirmClearDialog(FrontEnd& front, const WindowModel& model
   buttons->addStretch();
   outer->addLayout(buttons);
   binder_.Apply();
-}
-
-void ConfirmClearDialog::closeEvent(QCloseEvent* event) {
-  if (front_.app().IsOpen("frmConfirmClearStats")) front_.Close("frmConfirmClearStats");
-  event->accept();
 }
 
 void ConfirmClearDialog::reject() {

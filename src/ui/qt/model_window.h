@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QCloseEvent>
+#include <QWidget>
+
+#include "ui/qt/control_binder.h"
+#include "ui/qt/front_end.h"
+
+namespace bq::qt {
+
+// A top-level window drawn from one window model: its controls are bound by name, and closing it
+// by the frame is the model's event, which may refuse (while a question waits, say).
+template <typename Base>
+class ModelWindow : public Base {
+ public:
+  ModelWindow(FrontEnd& front, const WindowModel& model, QWidget* parent, Qt::WindowFlags flags)
+      : Base(parent, flags), front_(front), binder_(model) {}
+  ControlBinder& binder() { return binder_; }
+  void Refresh() { binder_.Apply(); }
+
+ protected:
+  const std::string& name() const { return binder_.model().Name(); }
+  void closeEvent(QCloseEvent* event) override {
+    if (front_.app().IsOpen(name())) front_.Close(name());
+    if (front_.app().IsOpen(name()))
+      event->ignore();
+    else
+      event->accept();
+  }
+
+  FrontEnd& front_;
+  ControlBinder binder_;
+};
+
+}  // namespace bq::qt
