@@ -106,6 +106,52 @@ TEST_F(DriverTest, LinesItCannotCarryOutAreAnsweredAndTheRunGoesOn) {
   EXPECT_TRUE(Has(out, "DrawCount=79"));  // still answering after all that
 }
 
+// The prompt line through a turn and the special moves' set-ups: each answer of `show lblPrompt`
+// in order, its caption only.
+TEST_F(DriverTest, ThePromptLineSaysWhatCanBeDoneNow) {
+  const std::string out =
+      Run("click chkSmackem\nclick chkTakem\nshow lblPrompt\n"
+          "click cmdNew\n"
+          "set Stacks(1) 36 5 1 30 59 22 65 7 16 75\nset DiscardTop 4\nset DrawPos 1\n"
+          "set DrawCards 97\nshow lblPrompt\n"
+          "click lblCardA(2)\nshow lblPrompt\n"
+          "click lblDiscardPile\nshow lblPrompt\n"
+          "click lblDrawPile\nshow lblPrompt\n"
+          "click lblCardA(4)\nshow lblPrompt\n"
+          "click cmdQuit\nclick cmdNew\nclick cmdSetupSmackemA\nshow lblPrompt\n"
+          "click cmdSetupSmackemA\nclick cmdSetupTakemA\nshow lblPrompt\n"
+          "click cmdQuit\nclick optFastModeOn\nclick chkSwitchem\nclick cmdNew\nshow lblPrompt\n"
+          "click lblCardA(1)\nclick lblCardA(2)\nclick lblDrawPile\nshow lblPrompt\n"
+          "click cmdQuit\nclick optFastModeOff\nclick cmdNew\nclick lblCardA(1)\n"
+          "click lblCardA(2)\nshow lblPrompt\n");
+  std::vector<std::string> prompts;
+  const std::string head = "lblPrompt caption=\"";
+  for (size_t at = out.find(head); at != std::string::npos; at = out.find(head, at + 1)) {
+    const size_t from = at + head.size();
+    prompts.push_back(out.substr(from, out.find("\" visible=", from) - from));
+  }
+  ASSERT_EQ(prompts.size(), 11u) << out;
+  const std::string expected[] = {
+      "Choose the play options, then start a new game (F2).",
+      "Your turn: take the Discard Pile card (D) or look at the Draw Pile card (P), or use "
+      "Smackem or Takem.",
+      "Take the Discard Pile card (D) for your 5, or look at the Draw Pile card (P).",
+      "Click the button to put 4 in place of your 5 (Enter).",
+      "Choose the card of your Stack to replace with 97, or pass with the button.",
+      "Click the button to put 97 in place of your 30 (Enter).",
+      "Smackem: choose 2 of the computer's cards to swap, then click the button, or press "
+      "Smackem again to give up.",
+      "Takem: choose 1 of your cards and 1 of the computer's to exchange, then click the button, "
+      "or press Takem again to give up.",
+      "Switchem: choose 2 of your cards to swap.",
+      "Choose the card of your Stack to replace with ",
+      "Switchem: click the button to swap the two cards you chose (Enter).",
+  };
+  for (size_t i = 0; i < prompts.size(); ++i)
+    EXPECT_EQ(prompts[i].substr(0, expected[i].size()), expected[i]) << i;
+  EXPECT_NE(prompts[9].find(", or pass by clicking the Discard Pile."), std::string::npos);
+}
+
 TEST_F(DriverTest, AboutShowsTheVersionAndItsAddressOpens) {
   const std::string out =
       Run("click mnuHelpAbout\nshow frmAbout.lblVersion\nclick frmAbout.lblWebsite\n"

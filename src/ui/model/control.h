@@ -9,7 +9,12 @@ namespace bq {
 
 // The state of one named control, whatever draws it: a button, label, check box, option button,
 // menu item or status bar panel. `marked` is a card's selection border; `value` is a check box's
-// or option button's state, or a menu item's check mark.
+// or option button's state, or a menu item's check mark. `highlight` draws the eye to a card or
+// pile: what the last move changed (kHighlightBrief, shown for a moment) or what stays worth
+// seeing until the next event (kHighlightSteady: a winning Stack, advice). It is no selection and
+// changes nothing a click does.
+enum Highlight { kHighlightNone = 0, kHighlightBrief = 1, kHighlightSteady = 2 };
+
 struct Control {
   std::string caption;
   std::string tooltip;
@@ -17,6 +22,7 @@ struct Control {
   bool enabled = true;
   int marked = 0;
   int value = 0;
+  int highlight = kHighlightNone;
 };
 
 struct NamedControl {

@@ -85,6 +85,15 @@ std::optional<std::string> GameModel::GetField(std::string_view field) const {
   if (field == "DrawCards") return Join(g_.draw_cards, 1, g_.draw_count);
   if (field == "Low") return Join(judge_.low, 1, n);
   if (field == "High") return Join(judge_.high, 1, n);
+  if (field == "Highlights") {  // the controls lit up, in the window's order
+    std::string out;
+    for (const auto& nc : Controls()) {
+      if (nc.control->highlight == kHighlightNone) continue;
+      if (!out.empty()) out += ' ';
+      out += nc.name;
+    }
+    return out;
+  }
   if (field == "Marks") {
     std::string out;
     for (int k = 1; k <= n; ++k) {
@@ -96,7 +105,7 @@ std::optional<std::string> GameModel::GetField(std::string_view field) const {
   return std::nullopt;
 }
 
-std::string GameModel::SetField(std::string_view field, std::string_view values) {
+std::string GameModel::SetGameValue(std::string_view field, std::string_view values) {
   const auto numbers = ParseNumbers(values);
   if (!numbers || numbers->empty()) return "expected whole numbers";
   const std::vector<int>& v = *numbers;

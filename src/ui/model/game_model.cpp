@@ -214,6 +214,7 @@ void GameModel::RegisterControls() {
   Register("mnuPopupCardDiscard", mnuPopupCardDiscard);
   Register("mnuPopupCardDraw", mnuPopupCardDraw);
   RegisterArray("StatusBar1.Panel", StatusBar1, 1, 4);
+  Register("lblPrompt", lblPrompt);
 }
 
 Control& GameModel::OptionBox(Option o) {
@@ -266,7 +267,7 @@ bool GameModel::TakeAboutRequest() {
   return std::exchange(about_requested_, false);
 }
 
-bool GameModel::Click(std::string_view name) {
+bool GameModel::ClickControl(std::string_view name) {
   Control* c = Find(name);
   if (c == nullptr || !c->visible || !c->enabled) return false;
   const auto [base, index] = SplitIndex(name);
@@ -377,7 +378,7 @@ bool GameModel::Click(std::string_view name) {
   return false;  // labels, headings, frames and the remote-opponent set-up take no clicks yet
 }
 
-bool GameModel::RightClick(std::string_view name) {
+bool GameModel::RightClickControl(std::string_view name) {
   if (name == "background") {
     // The form pop-up offers exactly what the File menu offers at this moment.
     mnuPopupFileNewGame.enabled = mnuFileNewGame.enabled;
@@ -401,7 +402,9 @@ bool GameModel::RightClick(std::string_view name) {
 
 bool GameModel::ClickBackground(bool ctrl_alt) {
   if (!ctrl_alt) return false;
+  BeginEvent();
   ToggleJudgementDisplay();
+  EndEvent();
   return true;
 }
 

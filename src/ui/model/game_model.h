@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "ai/judgement.h"
 #include "engine/game_state.h"
@@ -11,6 +12,7 @@
 #include "store/statistics.h"
 #include "ui/model/control.h"
 #include "ui/model/platform.h"
+#include "ui/model/prompt_line.h"
 
 namespace bq {
 
@@ -31,6 +33,19 @@ class GameModel : public WindowModel {
   bool Click(std::string_view name);
   bool RightClick(std::string_view name);
   bool ClickBackground(bool ctrl_alt);
+
+  // Every event from outside runs between these two (Click, RightClick, ClickBackground,
+  // SetField and the Announce entry points do it themselves; a new entry point must too). The
+  // first clears what the last event had to tell; the second writes lblPrompt and the steady
+  // highlights from the state the event left. Nested pairs count as one.
+  void BeginEvent();
+  void EndEvent();
+  // Words for this event's prompt line, put before what the player can do now.
+  void AddNews(const std::string& text);
+  // Draws the eye to a control until the next event (kHighlightBrief: for a moment only).
+  void Highlight(Control& c, int kind);
+  // Changes whenever brief highlights are set afresh, so a front end can show them again.
+  int highlight_serial() const { return highlight_serial_; }
   // The window's frame was closed, or Exit chosen: runs the exit sequence.
   void Exit();
 
@@ -87,12 +102,18 @@ class GameModel : public WindowModel {
       mnuPopupHelpHowToPlay, mnuPopupHelpAbout;
   Control mnuPopupCardDiscard, mnuPopupCardDraw;
   std::array<Control, 5> StatusBar1;  // panels 1..4
+  // Ours: one line under the board saying whose turn it is, what can be done and what the
+  // opponent just did.
+  Control lblPrompt;
 
  private:
   enum class Selecting { kNone, kSwitchemA, kSmackemA, kTakemA };
   enum class Pending { kNone, kDiscard, kDraw, kNothing, kTakem, kSmackem, kSwitchem, kBackem };
 
   void RegisterControls();
+  bool ClickControl(std::string_view name);
+  bool RightClickControl(std::string_view name);
+  std::string SetGameValue(std::string_view field, std::string_view values);
   Control& OptionBox(Option o);
   Control& OptionMenu(Option o);
   std::array<bool, 5> CheckedOptions() const;
@@ -192,6 +213,11 @@ class GameModel : public WindowModel {
   // Learn Mode display.
   void ToggleJudgementDisplay();
 
+  // The prompt line and highlights (game_prompt.cpp).
+  PromptFacts Facts() const;
+  void NoteMove(int side);  // after a counted move: side B's is told in words
+  void ClearHighlights();
+
   Platform& platform_;
   std::string settings_path_;
   GameState g_;
@@ -239,6 +265,15 @@ class GameModel : public WindowModel {
   std::array<int, 3> takem_positions_{};
   int take_slot_ = 0, give_slot_ = 0, taken_card_ = 0, given_card_ = 0;
   int smack_slot1_ = 0, smack_slot2_ = 0, smack_card1_ = 0, smack_card2_ = 0;
+
+  // The prompt line: the position after the last counted move, what this event has to tell,
+  // the last result, and the controls lit up.
+  GameState news_base_;
+  std::string news_;
+  std::string result_;
+  std::vector<Control*> highlighted_;
+  int highlight_serial_ = 0;
+  int event_depth_ = 0;
 };
 
 }  // namespace bq

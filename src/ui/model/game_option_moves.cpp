@@ -172,6 +172,7 @@ void GameModel::CompleteTakemA() {
 }
 
 void GameModel::AnnounceSmackemB(int pos1, int pos2) {
+  BeginEvent();
   pos1 = Clamp(pos1, N());
   pos2 = Clamp(pos2, N());
   special_positions_ = {0, pos1, pos2};
@@ -180,6 +181,7 @@ void GameModel::AnnounceSmackemB(int pos1, int pos2) {
   lblCardA[static_cast<size_t>(pos2)].marked = 1;
   pending_ = Pending::kSmackem;
   Prompt(cmdSmackemB);
+  EndEvent();
 }
 
 void GameModel::ApplySmackemB() {
@@ -202,11 +204,13 @@ void GameModel::ApplySmackemB() {
 
 // The message names the sender's own slot first; here that is a slot of the opponent's Stack.
 void GameModel::AnnounceTakemB(int sender_pos, int receiver_pos) {
+  BeginEvent();
   takem_positions_ = {0, Clamp(receiver_pos, N()), Clamp(sender_pos, N())};
   lblCardA[static_cast<size_t>(takem_positions_[1])].marked = 1;
   lblCardB[static_cast<size_t>(takem_positions_[2])].marked = 1;
   pending_ = Pending::kTakem;
   Prompt(cmdTakemB);
+  EndEvent();
 }
 
 void GameModel::ApplyTakemB() {

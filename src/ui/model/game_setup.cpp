@@ -4,6 +4,7 @@
 namespace bq {
 
 void GameModel::Load() {
+  BeginEvent();
   loaded_ = LoadSettings(settings_path_);
   window_left_ = loaded_.left;
   window_top_ = loaded_.top;
@@ -49,6 +50,7 @@ void GameModel::Load() {
   mnuPopupCardDraw.enabled = false;
   RefreshSlotVisibility();
   if (cmdNew.enabled) SetFocus("cmdNew");
+  EndEvent();
 }
 
 void GameModel::InitGameData() {
@@ -242,6 +244,7 @@ void GameModel::NewGame() {
         SetOptionChecked(Option(o), true);
   }
   ShuffleAndDeal(g_, platform_);
+  news_base_ = g_;  // the computer's first move is told against the deal
   if (vs_computer_) ResetComputerJudgement();
   smackem_used_ = {};
   takem_used_ = {};

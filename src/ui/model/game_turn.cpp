@@ -200,6 +200,7 @@ void GameModel::CountMove(int side) {
   int& count = side == kSideA ? g_.move_count_a : g_.move_count_b;
   count = std::min(count + 1, 32767);
   RefreshMoveCounts();
+  NoteMove(side);
 }
 
 // After a move's order test: the game ends, or `side` moves next.

@@ -76,11 +76,16 @@ GameWindow::GameWindow(FrontEnd& front, GameModel& model)
   setObjectName(QStringLiteral("frmGame"));
   central_ = new QWidget(this);
   central_->installEventFilter(this);
-  auto* columns = new QHBoxLayout(central_);
-  columns->setContentsMargins(12, 10, 12, 8);
+  auto* rows = new QVBoxLayout(central_);
+  rows->setContentsMargins(12, 10, 12, 8);
+  auto* columns = new QHBoxLayout;
   columns->setSpacing(18);
   columns->addWidget(BuildBoard(), 0, Qt::AlignTop);
   columns->addWidget(BuildSidePanel(), 1);
+  rows->addLayout(columns, 1);
+  QLabel* prompt = NamedLabel("lblPrompt", central_, Qt::AlignLeft);
+  prompt->setWordWrap(true);
+  rows->addWidget(prompt);
   setCentralWidget(central_);
   BuildMenus();
   BuildStatusBar();

@@ -1,0 +1,164 @@
+// The game window's events as seen from outside, and what the window tells the player after each:
+// the prompt line, the opponent's last move in words, and the highlights.
+#include <algorithm>
+
+#include "ui/model/game_model.h"
+
+namespace bq {
+
+bool GameModel::Click(std::string_view name) {
+  BeginEvent();
+  const bool done = ClickControl(name);
+  EndEvent();
+  return done;
+}
+
+bool GameModel::RightClick(std::string_view name) {
+  BeginEvent();
+  const bool done = RightClickControl(name);
+  EndEvent();
+  return done;
+}
+
+std::string GameModel::SetField(std::string_view field, std::string_view values) {
+  BeginEvent();
+  std::string error = SetGameValue(field, values);
+  news_base_ = g_;  // a position set by hand is no move of anybody's
+  EndEvent();
+  return error;
+}
+
+void GameModel::BeginEvent() {
+  if (event_depth_++ > 0) return;
+  news_.clear();
+  ClearHighlights();
+}
+
+void GameModel::EndEvent() {
+  if (--event_depth_ > 0) return;
+  event_depth_ = 0;
+  if (game_over_) {
+    result_ = ResultText(g_.turn_result, g_, vs_computer_, opponent_name_);
+    const bool a = g_.turn_result == kAInOrder || g_.turn_result == kTie;
+    const bool b = g_.turn_result == kBInOrder || g_.turn_result == kTie;
+    for (int k = 1; k <= N(); ++k) {
+      if (a) Highlight(lblCardA[static_cast<size_t>(k)], kHighlightSteady);
+      if (b) Highlight(lblCardB[static_cast<size_t>(k)], kHighlightSteady);
+    }
+  } else if (game_running_) {
+    result_.clear();  // kept between games only
+  }
+  lblPrompt.caption = PromptLine(Facts());
+}
+
+void GameModel::AddNews(const std::string& text) {
+  if (text.empty()) return;
+  if (!news_.empty()) news_ += "  ";
+  news_ += text;
+}
+
+void GameModel::Highlight(Control& c, int kind) {
+  if (c.highlight == kHighlightNone) highlighted_.push_back(&c);
+  c.highlight = std::max(c.highlight, kind);
+  if (kind == kHighlightBrief) ++highlight_serial_;
+}
+
+void GameModel::ClearHighlights() {
+  for (Control* c : highlighted_) c->highlight = kHighlightNone;
+  highlighted_.clear();
+}
+
+void GameModel::NoteMove(int side) {
+  if (side == kSideB) {
+    const MoveNews news = DescribeMoveB(news_base_, g_, vs_computer_, opponent_name_);
+    AddNews(news.text);
+    for (const std::string& name : news.changed)
+      if (Control* c = Find(name)) Highlight(*c, kHighlightBrief);
+  }
+  news_base_ = g_;
+}
+
+PromptFacts GameModel::Facts() const {
+  using Step = PromptFacts::Step;
+  using Shown = PromptFacts::Shown;
+  PromptFacts f;
+  f.vs_computer = vs_computer_;
+  f.opponent = opponent_name_;
+  f.fast_mode = fast_mode_;
+  f.news = news_;
+  f.result = result_;
+  f.can_start = cmdNew.visible && cmdNew.enabled;
+  if (!game_running_) return f;
+  if (game_over_) {
+    f.step = Step::kResult;
+    return f;
+  }
+  if (pending_ != Pending::kNone) {
+    f.step = Step::kTheirMove;
+    switch (pending_) {
+      case Pending::kDiscard:
+      case Pending::kDraw:
+        f.shown = pending_ == Pending::kDiscard ? Shown::kDiscard : Shown::kDraw;
+        f.card1 = card_in_hand_;
+        break;
+      case Pending::kNothing:
+        f.shown = Shown::kNothing;
+        f.card1 = card_in_hand_;
+        f.card2 = g_.discard_top;
+        break;
+      case Pending::kTakem:
+        f.shown = Shown::kTakem;
+        f.card1 = vs_computer_ ? taken_card_ : g_.Card(kSideA, takem_positions_[1]);
+        f.card2 = vs_computer_ ? given_card_ : g_.Card(kSideB, takem_positions_[2]);
+        break;
+      case Pending::kSmackem:
+        f.shown = Shown::kSmackem;
+        f.card1 = vs_computer_ ? smack_card1_ : special_cards_[1];
+        f.card2 = vs_computer_ ? smack_card2_ : special_cards_[2];
+        break;
+      case Pending::kSwitchem:
+        f.shown = Shown::kSwitchem;
+        if (switch_pos_a_ > 0 && switch_pos_b_ > 0) {
+          f.card1 = g_.Card(kSideB, switch_pos_a_);
+          f.card2 = g_.Card(kSideB, switch_pos_b_);
+        }
+        break;
+      default:
+        f.shown = Shown::kBackem;
+        break;
+    }
+    return f;
+  }
+  switch (selecting_) {
+    case Selecting::kSwitchemA:
+      f.step = Step::kSwitchem;
+      f.picked = MarkedCount(lblCardA);
+      return f;
+    case Selecting::kSmackemA:
+      f.step = Step::kSmackem;
+      return f;
+    case Selecting::kTakemA:
+      f.step = Step::kTakem;
+      return f;
+    default:
+      break;
+  }
+  // Side A's turn has both piles on offer; with neither, side A waits (its move is over, or a
+  // network game has not begun).
+  if (g_.turn_owner != kSideA || (!lblDiscardPile.enabled && !lblDrawPile.enabled)) {
+    f.step = Step::kWaiting;
+    return f;
+  }
+  f.step = Step::kTurn;
+  f.discard_marked = lblDiscardPile.marked == 1;
+  f.draw_marked = lblDrawPile.marked == 1;
+  f.discard_card = g_.discard_top;
+  f.draw_card = g_.DrawTop();
+  for (int k = N(); k >= 1 && f.chosen_card == 0; --k)
+    if (lblCardA[static_cast<size_t>(k)].marked == 1) f.chosen_card = g_.Card(kSideA, k);
+  f.smackem_offered = cmdSetupSmackemA.visible && cmdSetupSmackemA.enabled;
+  f.takem_offered = cmdSetupTakemA.visible && cmdSetupTakemA.enabled;
+  return f;
+}
+
+}  // namespace bq

@@ -1,0 +1,213 @@
+#include "ui/model/prompt_line.h"
+
+#include <algorithm>
+
+namespace bq {
+namespace {
+
+using Step = PromptFacts::Step;
+using Shown = PromptFacts::Shown;
+
+std::string Num(int n) {
+  return std::to_string(n);
+}
+
+struct Who {
+  std::string subject;     // "The computer"
+  std::string possessive;  // "its"
+  std::string owner;       // "the computer's"
+};
+
+Who Opponent(bool vs_computer, const std::string& name) {
+  if (vs_computer) return {"The computer", "its", "the computer's"};
+  const std::string n = name.empty() ? "Opponent" : name;
+  return {n, "their", n + "'s"};
+}
+
+std::string Join(const std::string& first, const std::string& second) {
+  if (first.empty()) return second;
+  if (second.empty()) return first;
+  return first + "  " + second;
+}
+
+std::string Moves(int n) {
+  return Num(n) + (n == 1 ? " move" : " moves");
+}
+
+std::string TheirMove(const PromptFacts& f, const Who& who) {
+  switch (f.shown) {
+    case Shown::kDiscard:
+      return who.subject + " will take " + Num(f.card1) + " from the Discard Pile.";
+    case Shown::kDraw:
+      return who.subject + " will take " + Num(f.card1) + " from the Draw Pile.";
+    case Shown::kNothing:
+      return who.subject + " doesn't want " + Num(f.card2) + " from the Discard Pile or " +
+             Num(f.card1) + " from the Draw Pile.";
+    case Shown::kTakem:
+      return "Takem: " + who.subject + " will take your " + Num(f.card1) +
+             (f.card2 > 0 ? " and give you " + who.possessive + " " + Num(f.card2) : "") + ".";
+    case Shown::kSmackem:
+      return "Smackem: " + who.subject + " will swap your " + Num(f.card1) + " and " +
+             Num(f.card2) + ".";
+    case Shown::kSwitchem:
+      if (f.card1 == 0) return "Switchem: " + who.subject + " keeps " + who.possessive + " Stack.";
+      return "Switchem: " + who.subject + " will swap " + who.possessive + " " + Num(f.card1) +
+             " and " + Num(f.card2) + ".";
+    case Shown::kBackem:
+      return "Backem: " + who.subject + " will reverse " + who.possessive +
+             " direction and aim for descending order.";
+  }
+  return "";
+}
+
+std::string Turn(const PromptFacts& f, const Who& who) {
+  const std::string button = f.fast_mode ? "" : ", then click the button";
+  switch (f.step) {
+    case Step::kSwitchem:
+      if (!f.fast_mode && f.picked == 2)
+        return "Switchem: click the button to swap the two cards you chose (Enter).";
+      return "Switchem: choose 2 of your cards to swap" + button + ".";
+    case Step::kSmackem:
+      return "Smackem: choose 2 of " + who.owner + " cards to swap" + button +
+             ", or press Smackem again to give up.";
+    case Step::kTakem:
+      return "Takem: choose 1 of your cards and 1 of " + who.owner + " to exchange" + button +
+             ", or press Takem again to give up.";
+    default:
+      break;
+  }
+  // An ordinary turn. Once the Draw Pile card has been seen, it is that card or a pass.
+  if (f.draw_marked) {
+    if (f.chosen_card > 0)
+      return "Click the button to put " + Num(f.draw_card) + " in place of your " +
+             Num(f.chosen_card) + " (Enter).";
+    return "Choose the card of your Stack to replace with " + Num(f.draw_card) + ", or pass " +
+           (f.fast_mode ? "by clicking the Discard Pile." : "with the button.");
+  }
+  if (f.discard_marked) {
+    if (f.chosen_card > 0)
+      return "Click the button to put " + Num(f.discard_card) + " in place of your " +
+             Num(f.chosen_card) + " (Enter).";
+    return "Choose the card of your Stack to replace with " + Num(f.discard_card) + ".";
+  }
+  if (f.chosen_card > 0)
+    return "Take the Discard Pile card (D) for your " + Num(f.chosen_card) +
+           ", or look at the Draw Pile card (P).";
+  std::string line = "Your turn: take the Discard Pile card (D) or look at the Draw Pile card (P)";
+  if (f.smackem_offered && f.takem_offered)
+    line += ", or use Smackem or Takem";
+  else if (f.smackem_offered)
+    line += ", or use Smackem";
+  else if (f.takem_offered)
+    line += ", or use Takem";
+  return line + ".";
+}
+
+}  // namespace
+
+std::string PromptLine(const PromptFacts& f) {
+  const Who who = Opponent(f.vs_computer, f.opponent);
+  switch (f.step) {
+    case Step::kBetweenGames:
+      return Join(f.result, f.can_start
+                                ? "Choose the play options, then start a new game (F2)."
+                                : "Set up the connection with your opponent to start a game.");
+    case Step::kResult:
+      return Join(f.news, Join(f.result, "Click the result button to continue (Enter)."));
+    case Step::kTheirMove:
+      return Join(f.news, TheirMove(f, who) + "  Click the button to continue (Enter).");
+    case Step::kWaiting:
+      return Join(f.news, "Waiting for " + who.owner + " move.");
+    default:
+      return Join(f.news, Turn(f, who));
+  }
+}
+
+std::string ResultText(int turn_result, const GameState& g, bool vs_computer,
+                       const std::string& opponent) {
+  const Who who = Opponent(vs_computer, opponent);
+  switch (turn_result) {
+    case kAInOrder:
+      return g.move_count_a == 0 ? "You won with the Stack you were dealt."
+                                 : "You won in " + Moves(g.move_count_a) + ".";
+    case kBInOrder:
+      return g.move_count_b == 0 ? who.subject + " won with the Stack it was dealt."
+                                 : who.subject + " won in " + Moves(g.move_count_b) + ".";
+    case kTie:
+      return "A tie: both Stacks are in order.";
+    default:
+      return "";
+  }
+}
+
+MoveNews DescribeMoveB(const GameState& before, const GameState& after, bool vs_computer,
+                       const std::string& opponent) {
+  const Who who = Opponent(vs_computer, opponent);
+  const int n = after.stack_size;
+  // Compare side B slot by slot: a reversal turns the Stack round without changing the screen.
+  auto old_b = [&](int slot) {
+    const bool turned = before.opponent_row_reversed != after.opponent_row_reversed;
+    return before.Card(kSideB, turned ? n + 1 - slot : slot);
+  };
+  std::vector<int> a, b;
+  for (int k = 1; k <= n; ++k) {
+    if (before.Card(kSideA, k) != after.Card(kSideA, k)) a.push_back(k);
+    if (old_b(k) != after.Card(kSideB, k)) b.push_back(k);
+  }
+  MoveNews news;
+  auto card_a = [&](int slot) { news.changed.push_back("lblCardA(" + Num(slot) + ")"); };
+  auto card_b = [&](int slot) {
+    news.changed.push_back("lblCardB(" + Num(after.DisplayPos(slot)) + ")");
+  };
+  std::string text;
+  if (before.opponent_row_reversed != after.opponent_row_reversed)
+    text = who.subject + " reversed " + who.possessive + " direction and now aims for " +
+           (after.opponent_row_reversed ? "descending" : "ascending") + " order.";
+  const std::string s = who.subject;
+  std::string what;
+  if (a.empty() && b.size() == 1) {
+    const int placed = after.Card(kSideB, b[0]);
+    if (placed == before.discard_top) {
+      what = s + " took " + Num(placed) + " from the Discard Pile and put " +
+             Num(after.discard_top) + " on it.";
+    } else {
+      what = s + " took " + Num(placed) + " from the Draw Pile and put " + Num(after.discard_top) +
+             " on the Discard Pile.";
+      news.changed.push_back("lblDrawPile");
+    }
+    news.changed.push_back("lblDiscardPile");
+    card_b(b[0]);
+  } else if (a.empty() && b.empty()) {
+    if (after.discard_top != before.discard_top) {
+      what = s + " turned down " + Num(after.discard_top) +
+             " from the Draw Pile; it is now the Discard Pile card.";
+      news.changed.push_back("lblDrawPile");
+      news.changed.push_back("lblDiscardPile");
+    } else if (text.empty()) {
+      what = s + " left " + who.possessive + " Stack as it was.";
+    }
+  } else if (a.size() == 1 && b.size() == 1) {
+    what = s + " used Takem, taking your " + Num(before.Card(kSideA, a[0])) + " for " +
+           who.possessive + " " + Num(after.Card(kSideA, a[0])) + ".";
+    card_a(a[0]);
+    card_b(b[0]);
+  } else if (a.size() == 2 && b.empty()) {
+    what = s + " used Smackem, swapping your " + Num(before.Card(kSideA, a[0])) + " and " +
+           Num(before.Card(kSideA, a[1])) + ".";
+    card_a(a[0]);
+    card_a(a[1]);
+  } else if (a.empty() && b.size() == 2) {
+    what = s + " used Switchem, swapping " + who.possessive + " " + Num(old_b(b[0])) + " and " +
+           Num(old_b(b[1])) + ".";
+    card_b(b[0]);
+    card_b(b[1]);
+  } else {
+    what = s + " changed " + Num(static_cast<int>(a.size() + b.size())) + " cards.";
+    std::for_each(a.begin(), a.end(), card_a);
+    std::for_each(b.begin(), b.end(), card_b);
+  }
+  news.text = Join(text, what);
+  return news;
+}
+
+}  // namespace bq
