@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""Makes click.wav and bramblequay.png from scratch (standard library only).
+"""Makes click.wav and the icon (bramblequay.svg and bramblequay-SIZE.png) from scratch, with
+the standard library only.
 
 Run it from this folder after changing the sound or the icon; the results are kept in the
-repository so that a build needs no Python.
+repository so that a build needs no Python. The SVG and the PNGs come from the same shapes.
 """
 import math
 import struct
@@ -62,7 +63,40 @@ def icon_pixel(x, y):
     return None
 
 
+ICON_SIZES = (16, 22, 24, 32, 48, 64, 128, 256)
+
+SVG = """<svg xmlns="http://www.w3.org/2000/svg" width="64" height="64" viewBox="0 0 64 64">
+  <defs>
+    <pattern id="lattice" width="7" height="7" patternUnits="userSpaceOnUse"
+             patternTransform="rotate(45)">
+      <rect width="7" height="7" fill="#254774"/>
+      <path d="M0 0H7M0 0V7" stroke="#3c669c" stroke-width="1.4"/>
+    </pattern>
+  </defs>
+  <g transform="translate(20 34) rotate(16)">
+    <rect x="-15" y="-25" width="30" height="50" rx="4" fill="url(#lattice)"
+          stroke="#1b3355" stroke-width="1.5"/>
+  </g>
+  <rect x="22.75" y="8.75" width="35.5" height="49.5" rx="5" fill="#fbf8ee"
+        stroke="#5a554c" stroke-width="1.5"/>
+  <g fill="#d95d0f">
+%s
+  </g>
+</svg>
+"""
+
+
+def write_svg(path):
+    # The rising marks, placed as icon_pixel places them.
+    marks = "\n".join('    <rect x="%g" y="%g" width="4.2" height="4.2"/>'
+                      % (round(27 + i * 5.6, 2), 49 - i * 8) for i in range(5))
+    with open(path, "w") as f:
+        f.write(SVG % marks)
+
+
 def write_icon(path, size=64, samples=4):
+    # icon_pixel draws on a 64-unit square; each pixel averages samples x samples points.
+    scale = 64 / size
     rows = []
     for py in range(size):
         row = bytearray([0])
@@ -70,7 +104,8 @@ def write_icon(path, size=64, samples=4):
             acc = [0, 0, 0, 0]
             for sy in range(samples):
                 for sx in range(samples):
-                    c = icon_pixel(px + (sx + 0.5) / samples, py + (sy + 0.5) / samples)
+                    c = icon_pixel((px + (sx + 0.5) / samples) * scale,
+                                   (py + (sy + 0.5) / samples) * scale)
                     if c:
                         for k in range(3):
                             acc[k] += c[k] * c[3]
@@ -97,4 +132,6 @@ def write_icon(path, size=64, samples=4):
 
 if __name__ == "__main__":
     write_click("click.wav")
-    write_icon("bramblequay.png")
+    write_svg("bramblequay.svg")
+    for size in ICON_SIZES:
+        write_icon("bramblequay-%d.png" % size, size)

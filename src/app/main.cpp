@@ -1,6 +1,4 @@
 #include <QApplication>
-#include <QDir>
-#include <QIcon>
 #include <cstdlib>
 #include <iostream>
 #include <string>
@@ -67,7 +65,9 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("Bramblequay"));
   QApplication::setApplicationVersion(QStringLiteral(BQ_VERSION));
   const QString data_dir = DataDir(exe_dir);
-  QApplication::setWindowIcon(QIcon(QDir(data_dir).filePath(QStringLiteral("bramblequay.png"))));
+  // Every window takes the application's icon; the desktop file name ties them to the launcher.
+  QApplication::setWindowIcon(AppIcon(data_dir));
+  QGuiApplication::setDesktopFileName(QLatin1String(kAppId));
   // The model's exit sequence decides when the program ends, not the last window closing.
   QApplication::setQuitOnLastWindowClosed(false);
 

@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::string_view kPosition = "WindowPosition";
 constexpr std::string_view kOptions = "Options";
+constexpr std::string_view kPreferences = "Preferences";
 constexpr std::array<std::string_view, 3> kStatsSections = {"", "StatsVsComputer", "StatsVsHumans"};
 
 constexpr std::array<std::pair<std::string_view, int StoredOptions::*>, 9> kOptionKeys = {{
@@ -79,6 +80,7 @@ Settings LoadSettings(const std::string& path) {
       value = ReadShort(profile, kStatsSections[static_cast<size_t>(kind)], key, 0);
     });
   }
+  settings.sound = profile.GetInt(kPreferences, "Sound", 1) != 0;
   return settings;
 }
 
@@ -95,6 +97,7 @@ bool SaveSettings(const std::string& path, const Settings& settings) {
   for (const auto& [key, field] : kOptionKeys)
     profile.SetString(kOptions, key, std::to_string(options.*field));
   PutStatistics(profile, settings.stats);
+  profile.SetString(kPreferences, "Sound", settings.sound ? "1" : "0");
   return profile.Write(path);
 }
 

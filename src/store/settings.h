@@ -39,15 +39,17 @@ struct Settings {
   float top = 0;
   StoredOptions options;
   std::array<GameStats, 3> stats{};  // [kVsComputer], [kVsHumans]; [0] unused
+  // Ours, beyond the game's 67 keys: kept in a section of its own after theirs.
+  bool sound = true;  // the click sound; only "Sound=0" turns it off
 };
 
 // Reads all 67 keys; anything missing or unreadable takes its default, options and counters are
 // clamped to -32768..32767 (the position is not: it may lie past 32767 twips). Never fails.
 Settings LoadSettings(const std::string& path);
 
-// Writes all 67 keys in their order, keeping every other line of the file. With Random on the
-// five options it drew are written as 0. The file is replaced atomically. False when it could not
-// be written.
+// Writes all 67 keys in their order, then our own section, keeping every other line of the file.
+// With Random on the five options it drew are written as 0. The file is replaced atomically. False
+// when it could not be written.
 bool SaveSettings(const std::string& path, const Settings& settings);
 
 // Writes only the two statistics sections (56 keys), leaving everything else in the file.

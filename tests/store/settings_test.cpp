@@ -19,6 +19,7 @@ Settings Sample() {
   s.left = 1e6f;  // past 16 bits, and an exponent would read back as 1
   s.top = 345.5f;
   s.options = {1, 0, 1, 0, 1, 0, 2, 1, 2};
+  s.sound = false;
   int next = 100;
   for (GameStats* g : {&s.stats[kVsComputer], &s.stats[kVsHumans]}) {
     for (auto* row : {&g->wins, &g->losses, &g->ties})
@@ -60,10 +61,11 @@ TEST(Settings, DefaultsForMissingEmptyAndJunkFiles) {
     EXPECT_EQ(s.top, 0);
     EXPECT_EQ(s.options, (StoredOptions{0, 0, 0, 0, 0, 0, 1, 2, 2}));
     EXPECT_EQ(s.stats, (std::array<GameStats, 3>{}));
+    EXPECT_TRUE(s.sound);
   }
 }
 
-TEST(Settings, FullWriteHasAll67KeysInOrderAndReadsBack) {
+TEST(Settings, FullWriteHasAll67KeysInOrderThenOursAndReadsBack) {
   test::TempSettings file;
   const Settings s = Sample();
   ASSERT_TRUE(SaveSettings(file.path(), s));
@@ -71,7 +73,7 @@ TEST(Settings, FullWriteHasAll67KeysInOrderAndReadsBack) {
       "[WindowPosition]\nLeft=1000000\nTop=345.5\n[Options]\nSetStackem=1\nSetBackem=0\n"
       "SetSwitchem=1\nSetSmackem=0\nSetTakem=1\nSetRandom=0\nSetOpponent=2\nSetFastMode=1\n"
       "SetLearnMode=2\n" +
-      StatsText(s.stats);
+      StatsText(s.stats) + "[Preferences]\nSound=0\n";
   EXPECT_EQ(file.Read(), expected);
 
   const Settings back = LoadSettings(file.path());
@@ -79,6 +81,7 @@ TEST(Settings, FullWriteHasAll67KeysInOrderAndReadsBack) {
   EXPECT_EQ(back.top, 345) << "read by its leading digits";
   EXPECT_EQ(back.options, s.options);
   EXPECT_EQ(back.stats, s.stats);
+  EXPECT_FALSE(back.sound);
 }
 
 TEST(Settings, ValuesReadAsClampedProfileIntegers) {

@@ -22,6 +22,7 @@ AboutModel::AboutModel(Platform& platform) : WindowModel("frmAbout"), platform_(
       "bramblequay@example.org: join the mailing list, send suggestions, report bugs";
   cmd_ok_.caption = "OK";
   Register("Caption", caption_);
+  Register("picIcon", pic_icon_);
   Register("lblTitle", lbl_title_);
   Register("lblVersion", lbl_version_);
   Register("lblDescription", lbl_description_);

@@ -20,8 +20,8 @@ class AboutModel : public WindowModel {
  private:
   Platform& platform_;
   bool open_ = false;
-  Control caption_, lbl_title_, lbl_version_, lbl_description_, lbl_company_, lbl_website_,
-      lbl_email_, cmd_ok_;
+  Control caption_, pic_icon_, lbl_title_, lbl_version_, lbl_description_, lbl_company_,
+      lbl_website_, lbl_email_, cmd_ok_;
 };
 
 }  // namespace bq

@@ -1,6 +1,7 @@
 #include "ui/model/app_model.h"
 
 #include "ui/model/about_model.h"
+#include "ui/model/how_to_model.h"
 #include "ui/model/stats_model.h"
 
 namespace bq {
@@ -9,7 +10,8 @@ AppModel::AppModel(Platform& platform, std::string settings_path)
     : platform_(platform),
       game_(platform, std::move(settings_path)),
       stats_(std::make_unique<StatsModel>(platform)),
-      about_(std::make_unique<AboutModel>(platform)) {}
+      about_(std::make_unique<AboutModel>(platform)),
+      how_to_(std::make_unique<HowToModel>(platform)) {}
 
 AppModel::~AppModel() = default;
 
@@ -26,6 +28,7 @@ WindowModel* AppModel::Window(std::string_view name) {
   if (name == "frmStats") return stats_.get();
   if (name == "frmConfirmClearStats") return &stats_->Confirm();
   if (name == "frmAbout") return about_.get();
+  if (name == "frmHowTo") return how_to_.get();
   return nullptr;
 }
 
@@ -34,6 +37,7 @@ bool AppModel::IsOpen(std::string_view window) const {
   if (window == "frmStats") return stats_->IsOpen();
   if (window == "frmConfirmClearStats") return stats_->Confirm().IsOpen();
   if (window == "frmAbout") return about_->IsOpen();
+  if (window == "frmHowTo") return how_to_->IsOpen();
   return false;
 }
 
@@ -69,6 +73,8 @@ AppModel::Result AppModel::Click(std::string_view full_name) {
     done = stats_->Click(name);
   } else if (window == "frmAbout") {
     done = about_->Click(name);
+  } else if (window == "frmHowTo") {
+    done = false;  // pictures and a caption: nothing to click
   } else {
     done = stats_->Confirm().Click(name);
   }
@@ -98,6 +104,7 @@ AppModel::Result AppModel::Close(std::string_view window) {
     return stats_->Close() ? Result::kDone : Result::kIgnored;
   }
   if (window == "frmAbout") return about_->Close() ? Result::kDone : Result::kIgnored;
+  if (window == "frmHowTo") return how_to_->Close() ? Result::kDone : Result::kIgnored;
   game_.Exit();
   CloseOthers();
   return Result::kDone;
@@ -108,6 +115,7 @@ void AppModel::CloseOthers() {
   if (Modal()) stats_->Confirm().Close();
   if (stats_->IsOpen()) stats_->Close();
   about_->Close();
+  how_to_->Close();
 }
 
 void AppModel::AfterGameEvent() {

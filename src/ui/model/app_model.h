@@ -10,6 +10,7 @@
 namespace bq {
 
 class AboutModel;
+class HowToModel;
 class StatsModel;
 class ConfirmClearModel;
 
@@ -29,8 +30,10 @@ class AppModel {
   const GameModel& game() const { return game_; }
   StatsModel& stats() { return *stats_; }
   ConfirmClearModel& confirm();
+  HowToModel& how_to() { return *how_to_; }
 
-  // "frmGame", "frmStats", "frmConfirmClearStats", "frmAbout"; nullptr for an unknown window.
+  // "frmGame", "frmStats", "frmConfirmClearStats", "frmAbout", "frmHowTo"; nullptr for an
+  // unknown window.
   WindowModel* Window(std::string_view name);
   bool IsOpen(std::string_view window) const;
   // Splits "frmStats.cmdYes" into its window and control; a plain name is the game window's.
@@ -54,6 +57,7 @@ class AppModel {
   GameModel game_;
   std::unique_ptr<StatsModel> stats_;
   std::unique_ptr<AboutModel> about_;
+  std::unique_ptr<HowToModel> how_to_;
 };
 
 }  // namespace bq

@@ -111,6 +111,7 @@ GameModel::GameModel(Platform& platform, std::string settings_path)
   Set(mnuFastModeOff, "Fast Mode O&ff");
   Set(mnuLearnModeOn, "Learn Mode On");
   Set(mnuLearnModeOff, "Learn Mode Off");
+  Set(mnuOptionsSound, "Sound");
   Set(mnuStats, "Stat&istics");
   Set(mnuHelp, "Help");
   Set(mnuHelpHowToPlay, "&How To Play");
@@ -201,6 +202,7 @@ void GameModel::RegisterControls() {
   Register("mnuFastModeOff", mnuFastModeOff);
   Register("mnuLearnModeOn", mnuLearnModeOn);
   Register("mnuLearnModeOff", mnuLearnModeOff);
+  Register("mnuOptionsSound", mnuOptionsSound);
   Register("mnuStats", mnuStats);
   Register("mnuHelp", mnuHelp);
   Register("mnuHelpHowToPlay", mnuHelpHowToPlay);
@@ -259,6 +261,10 @@ void GameModel::Prompt(Control& c) {
     if (nc.control == &c) SetFocus(nc.name);
 }
 
+void GameModel::PlayClick() {
+  if (sound_on_) platform_.PlayClick();
+}
+
 bool GameModel::TakeStatsRequest() {
   return std::exchange(stats_requested_, false);
 }
@@ -311,20 +317,25 @@ bool GameModel::ClickControl(std::string_view name) {
     return true;
   }
   if (c == &mnuLearnModeOn || c == &mnuLearnModeOff) return ToggleLearnMode(), true;
+  if (c == &mnuOptionsSound) {
+    sound_on_ = !sound_on_;
+    mnuOptionsSound.value = sound_on_;
+    return true;
+  }
   if (c == &cmdNew || c == &mnuFileNewGame || c == &mnuPopupFileNewGame) {
-    if (c == &cmdNew) platform_.PlayClick();
+    if (c == &cmdNew) PlayClick();
     NewGame();
     return true;
   }
   if (c == &cmdQuit || c == &mnuFileQuitGame || c == &mnuPopupFileQuitGame) {
-    if (c == &cmdQuit) platform_.PlayClick();
+    if (c == &cmdQuit) PlayClick();
     QuitGame();
     return true;
   }
   if (c == &mnuFileExit || c == &mnuPopupFileExit) return Exit(), true;
   if (c == &mnuStats || c == &mnuPopupStats) return stats_requested_ = true, true;
   if (c == &mnuHelpHowToPlay || c == &mnuPopupHelpHowToPlay) {
-    platform_.Open("help.html");
+    platform_.OpenHelp();
     return true;
   }
   if (c == &mnuHelpAbout || c == &mnuPopupHelpAbout) return about_requested_ = true, true;
@@ -337,7 +348,7 @@ bool GameModel::ClickControl(std::string_view name) {
     return true;
   }
   if (c == &cmdAWins || c == &cmdBWins || c == &cmdCWins || c == &cmdBothWin) {
-    platform_.PlayClick();
+    PlayClick();
     if (c == &cmdAWins) Hide(cmdPlayA);
     if (c == &cmdBWins) Hide(cmdPlayB);
     QuitGame();
@@ -369,7 +380,7 @@ bool GameModel::ClickControl(std::string_view name) {
     if (a.run != &GameModel::CompleteSwitchemA && a.run != &GameModel::SetupSmackemA &&
         a.run != &GameModel::SetupTakemA && a.run != &GameModel::CompleteSmackemA &&
         a.run != &GameModel::CompleteTakemA) {
-      platform_.PlayClick();
+      PlayClick();
       Hide(*c);
     }
     (this->*a.run)();

@@ -97,6 +97,7 @@ class GameModel : public WindowModel {
   Control mnuOptions, mnuOptionsStackem, mnuOptionsBackem, mnuOptionsSwitchem, mnuOptionsSmackem,
       mnuOptionsTakem, mnuOptionsRandom, mnuVsComputer, mnuVsHuman, mnuSetupRemoteOpponent,
       mnuFastModeOn, mnuFastModeOff, mnuLearnModeOn, mnuLearnModeOff;
+  Control mnuOptionsSound;  // ours, at the end of the Options menu: the click sound on or off
   Control mnuStats, mnuHelp, mnuHelpHowToPlay, mnuHelpAbout;
   Control mnuPopupFileNewGame, mnuPopupFileQuitGame, mnuPopupFileExit, mnuPopupStats,
       mnuPopupHelpHowToPlay, mnuPopupHelpAbout;
@@ -114,6 +115,7 @@ class GameModel : public WindowModel {
   bool ClickControl(std::string_view name);
   bool RightClickControl(std::string_view name);
   std::string SetGameValue(std::string_view field, std::string_view values);
+  void PlayClick();  // the click sound, unless the player turned it off
   Control& OptionBox(Option o);
   Control& OptionMenu(Option o);
   std::array<bool, 5> CheckedOptions() const;
@@ -248,6 +250,7 @@ class GameModel : public WindowModel {
   bool stats_requested_ = false;
   bool about_requested_ = false;
   bool warned_unwritable_ = false;
+  bool sound_on_ = true;
   Selecting selecting_ = Selecting::kNone;
   Pending pending_ = Pending::kNone;
   int popup_slot_ = 0;

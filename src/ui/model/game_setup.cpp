@@ -8,6 +8,8 @@ void GameModel::Load() {
   loaded_ = LoadSettings(settings_path_);
   window_left_ = loaded_.left;
   window_top_ = loaded_.top;
+  sound_on_ = loaded_.sound;
+  mnuOptionsSound.value = sound_on_;
   StoredOptions options = loaded_.options;
   // 20-card Stacks do not fit on a narrow screen, whatever the file says.
   if (static_cast<float>(platform_.ScreenWidthPixels()) < 600.0f) {
@@ -349,7 +351,7 @@ void GameModel::EndIfDecided() {
 }
 
 void GameModel::Ending(Outcome outcome, Control& button) {
-  platform_.PlayClick();
+  PlayClick();
   game_over_ = true;
   selecting_ = Selecting::kNone;
   pending_ = Pending::kNone;
@@ -391,6 +393,7 @@ Settings GameModel::CurrentSettings(Settings base) const {
   o.opponent = optVsComputer.value == 1 ? 1 : 2;
   o.fast_mode = optFastModeOn.value == 1 ? 1 : 2;
   o.learn_mode = optLearnModeOn.value == 1 ? 1 : 2;
+  base.sound = sound_on_;
   return base;
 }
 

@@ -96,7 +96,7 @@ void GameModel::StartTurnB() {
 
 bool GameModel::ClickDiscardPile() {
   BQ_REQUIRE_A_TURN();
-  platform_.PlayClick();
+  PlayClick();
   lblDiscardPile.marked ^= 1;
   if (lblDrawPile.marked == 1 && lblDiscardPile.marked == 1) UnmarkCardsA();
   if (lblDiscardPile.marked == 1) {
@@ -118,7 +118,7 @@ bool GameModel::ClickDrawPile() {
   BQ_REQUIRE_A_TURN();
   // Looking at the Draw Pile card ends any special move that was being set up.
   if (selecting_ == Selecting::kSmackemA || selecting_ == Selecting::kTakemA) CancelSelection();
-  platform_.PlayClick();
+  PlayClick();
   lblDiscardPile.marked = 0;
   lblDrawPile.caption = CardFace(g_.DrawTop());
   lblDrawPile.marked = 1;
@@ -137,14 +137,14 @@ bool GameModel::ClickCardA(int slot) {
   BQ_REQUIRE_A_TURN();
   auto& card = lblCardA[static_cast<size_t>(slot)];
   if (selecting_ == Selecting::kSwitchemA) {
-    platform_.PlayClick();
+    PlayClick();
     card.marked ^= 1;
     if (fast_mode_ && MarkedCount(lblCardA) == 2) CompleteSwitchemA();
     return true;
   }
   if (selecting_ == Selecting::kSmackemA) return false;
   if (lblDrawPile.marked == 1 && lblDiscardPile.marked == 1) lblDiscardPile.marked = 0;
-  platform_.PlayClick();
+  PlayClick();
   if (card.marked == 1) {
     card.marked = 0;
     return true;
@@ -163,7 +163,7 @@ bool GameModel::ClickCardA(int slot) {
 bool GameModel::ClickCardB(int pos) {
   BQ_REQUIRE_A_TURN();
   if (selecting_ != Selecting::kSmackemA && selecting_ != Selecting::kTakemA) return false;
-  platform_.PlayClick();
+  PlayClick();
   auto& card = lblCardB[static_cast<size_t>(pos)];
   card.marked ^= 1;
   if (selecting_ == Selecting::kTakemA) {
@@ -182,7 +182,7 @@ bool GameModel::CardPopup(bool discard) {
   popup_slot_ = 0;
   if (slot < 1 || slot > N() || selecting_ != Selecting::kNone) return false;
   if (discard && lblDrawPile.marked == 1) return false;
-  platform_.PlayClick();
+  PlayClick();
   if (!discard && lblDrawPile.marked == 0) {
     lblDrawPile.caption = CardFace(g_.DrawTop());
     lblDrawPile.marked = 1;

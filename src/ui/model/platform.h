@@ -6,6 +6,9 @@
 
 namespace bq {
 
+// The help document, a file of the data folder.
+inline constexpr const char* kHelpDocument = "help.html";
+
 // Everything the models need from the world outside: the front end provides it (the Qt window,
 // the headless driver, or a test fake that records calls and scripts random numbers).
 class Platform : public Rng {
@@ -13,6 +16,8 @@ class Platform : public Rng {
   virtual void PlayClick() = 0;
   // The help document or a web address, opened with the desktop's default application.
   virtual void Open(const std::string& target) = 0;
+  // How To Play, from any window: the help document. The front end makes sure something shows.
+  void OpenHelp() { Open(kHelpDocument); }
   virtual void MessageBox(const std::string& text) = 0;
   virtual int ScreenWidthPixels() = 0;
   // A window of the program was shown or taken down (the front end shows or hides it).

@@ -17,10 +17,22 @@ QString ExecutableDir() {
   return QString::fromStdString(exe.parent_path().string());
 }
 
+#ifndef BQ_DATA_FROM_BIN
+#define BQ_DATA_FROM_BIN "../share/bramblequay"
+#endif
+
+namespace {
+
+bool Portable(const QString& exe_dir) {
+  return QDir(exe_dir).exists(QStringLiteral("click.wav"));
+}
+
+}  // namespace
+
 QString DataDir(const QString& exe_dir) {
   const QDir beside(exe_dir);
-  if (beside.exists(QStringLiteral("click.wav"))) return beside.absolutePath();
-  const QString shared = QDir::cleanPath(exe_dir + QStringLiteral("/../share/bramblequay"));
+  if (Portable(exe_dir)) return beside.absolutePath();
+  const QString shared = QDir::cleanPath(exe_dir + QStringLiteral("/" BQ_DATA_FROM_BIN));
   return QDir(shared).exists() ? shared : beside.absolutePath();
 }
 
@@ -28,11 +40,20 @@ QString ResolveSettingsPath(const QString& explicit_path, const QString& exe_dir
                             const QString& config_dir) {
   if (!explicit_path.isEmpty()) return explicit_path;
   const QFileInfo beside(exe_dir);
-  if (beside.isDir() && beside.isWritable())
+  if (Portable(exe_dir) && beside.isDir() && beside.isWritable())
     return QDir(exe_dir).filePath(QStringLiteral("Bramblequay.INI"));
-  // Installed read-only (e.g. under /usr): keep one file per user instead.
+  // Installed (under /usr, say): one file per user, even for root, who could write beside it.
   QDir().mkpath(config_dir);
   return QDir(config_dir).filePath(QStringLiteral("Bramblequay.INI"));
+}
+
+QIcon AppIcon(const QString& data_dir) {
+  QIcon icon;
+  for (int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
+    const QString file = QDir(data_dir).filePath(QStringLiteral("bramblequay-%1.png").arg(size));
+    if (QFileInfo::exists(file)) icon.addFile(file, QSize(size, size));
+  }
+  return icon.isNull() ? QIcon::fromTheme(QLatin1String(kAppId)) : icon;
 }
 
 QString UserConfigDir() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QIcon>
 #include <QString>
 
 namespace bq::qt {
@@ -9,13 +10,21 @@ namespace bq::qt {
 QString ExecutableDir();
 
 // Where click.wav, help.html and the icon are: beside the executable (a build folder or a
-// portable copy), else the installed share folder.
+// portable copy), else the installed data folder.
 QString DataDir(const QString& exe_dir);
 
-// The settings file: an explicit path wins; otherwise "Bramblequay.INI" beside the executable
-// when that folder is writable, else in `config_dir` (created when missing).
+// The settings file: an explicit path wins; otherwise "Bramblequay.INI" beside a portable copy
+// (data beside the executable) whose folder is writable, else in `config_dir` (created when
+// missing).
 QString ResolveSettingsPath(const QString& explicit_path, const QString& exe_dir,
                             const QString& config_dir);
+
+// The program's icon at every size it comes in, from the data folder; the desktop theme's when
+// the folder has none.
+QIcon AppIcon(const QString& data_dir);
+
+// The name of the installed launcher, icon and metadata, without their extensions.
+inline constexpr char kAppId[] = "org.example.bramblequay";
 
 // The per-user configuration folder for this program (QStandardPaths::AppConfigLocation).
 QString UserConfigDir();

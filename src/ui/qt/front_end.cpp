@@ -3,8 +3,11 @@
 #include <QWidget>
 #include <vector>
 
+#include "ui/model/how_to_model.h"
+#include "ui/qt/about_window.h"
 #include "ui/qt/game_window.h"
 #include "ui/qt/generic_window.h"
+#include "ui/qt/how_to_window.h"
 #include "ui/qt/stats_window.h"
 
 namespace bq::qt {
@@ -122,14 +125,25 @@ void FrontEnd::WindowOpened(const std::string& window) {
     confirm_->show();
     confirm_->raise();
     confirm_->activateWindow();
-  } else if (WindowModel* model = app_.Window(window); model != nullptr && window != "frmGame") {
+  } else if (app_.Window(window) != nullptr && window != "frmGame") {
     auto& view = others_[window];
-    if (!view) view = std::make_unique<GenericWindow>(*this, *model, game_.get());
+    if (!view) view = MakeWindow(window);
     view->Refresh();
     view->show();
     view->raise();
     view->activateWindow();
   }
+}
+
+std::unique_ptr<ModelWindow<QWidget>> FrontEnd::MakeWindow(const std::string& window) {
+  if (window == "frmAbout")
+    return std::make_unique<AboutWindow>(*this, *app_.Window(window), game_.get());
+  if (window == "frmHowTo") {
+    auto view = std::make_unique<HowToWindow>(*this, app_.how_to(), game_.get());
+    view->resize(HowToWindow::OpeningSize());
+    return view;
+  }
+  return std::make_unique<GenericWindow>(*this, *app_.Window(window), game_.get());
 }
 
 void FrontEnd::WindowClosed(const std::string& window) {

@@ -20,7 +20,8 @@ class ControlBinder;
 class GameWindow;
 class StatsWindow;
 class ConfirmClearDialog;
-class GenericWindow;
+template <typename Base>
+class ModelWindow;
 
 // The Qt side of the program: owns the windows, turns their input into model events, and after
 // every event re-reads every open window model onto its widgets. No game rule lives here.
@@ -58,12 +59,14 @@ class FrontEnd : public QObject, public WindowHost {
   ControlBinder* Binder(std::string_view window) const;
   std::vector<std::string> OpenWindows() const;
   void Finish();
+  std::unique_ptr<ModelWindow<QWidget>> MakeWindow(const std::string& window);
 
   AppModel& app_;
   std::unique_ptr<GameWindow> game_;
   std::unique_ptr<StatsWindow> stats_;
   std::unique_ptr<ConfirmClearDialog> confirm_;
-  std::map<std::string, std::unique_ptr<GenericWindow>, std::less<>> others_;
+  // The plainer windows: About, How To Play, and any drawn generically.
+  std::map<std::string, std::unique_ptr<ModelWindow<QWidget>>, std::less<>> others_;
   std::string pending_popup_;
   QPoint popup_pos_;
   bool finished_ = false;

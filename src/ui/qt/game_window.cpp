@@ -320,6 +320,8 @@ void GameWindow::BuildMenus() {
   options->addSeparator();
   NamedAction("mnuLearnModeOn", options, true);
   NamedAction("mnuLearnModeOff", options, true);
+  options->addSeparator();
+  NamedAction("mnuOptionsSound", options, true);
 
   // Statistics is a command on the bar itself, not a menu.
   QAction* stats = menuBar()->addAction(QString());

@@ -3,13 +3,18 @@
 #include <QAudioDevice>
 #include <QDesktopServices>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QMediaDevices>
 #include <QMessageBox>
+#include <QProcess>
 #include <QScreen>
 #include <QSoundEffect>
+#include <QStandardPaths>
+#include <QTextBrowser>
 #include <QUrl>
+#include <QVBoxLayout>
 #include <chrono>
 #include <iostream>
 
@@ -20,10 +25,51 @@ unsigned ClockSeed() {
   return static_cast<unsigned>(std::chrono::steady_clock::now().time_since_epoch().count());
 }
 
+bool IsWebAddress(const QString& target) {
+  return target.contains(QStringLiteral("://")) || target.startsWith(QStringLiteral("mailto:"));
+}
+
+// Platforms that draw nowhere a person could see, so no desktop application would either.
+bool DesktopSession() {
+  const QString name = QGuiApplication::platformName();
+  return !name.isEmpty() && name != QStringLiteral("offscreen") &&
+         name != QStringLiteral("minimal") && name != QStringLiteral("minimalegl");
+}
+
 }  // namespace
 
+void OpenWithDesktop(const QUrl& url, std::function<void()> failed, QObject* owner) {
+  const QString program = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+  if (program.isEmpty()) {
+    if (!QDesktopServices::openUrl(url)) failed();
+    return;
+  }
+  // xdg-open says within moments whether an application took the URL; a browser it runs in the
+  // foreground may exit much later, and its exit code then means nothing to us.
+  auto* process = new QProcess(owner);
+  auto clock = std::make_shared<QElapsedTimer>();
+  clock->start();
+  QObject::connect(process, &QProcess::finished, owner,
+                   [process, clock, failed](int code, QProcess::ExitStatus status) {
+                     if (status == QProcess::NormalExit && code != 0 && clock->elapsed() < 15000)
+                       failed();
+                     process->deleteLater();
+                   });
+  QObject::connect(process, &QProcess::errorOccurred, owner,
+                   [process, failed](QProcess::ProcessError error) {
+                     if (error != QProcess::FailedToStart) return;
+                     failed();
+                     process->deleteLater();
+                   });
+  process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+  process->setStandardOutputFile(QProcess::nullDevice());
+  process->start(program, {url.toString()});
+}
+
 QtPlatform::QtPlatform(QtPlatformOptions options)
-    : options_(std::move(options)), gen_(options_.seed.value_or(ClockSeed())) {}
+    : options_(std::move(options)),
+      gen_(options_.seed.value_or(ClockSeed())),
+      watchers_(std::make_unique<QObject>()) {}
 
 QtPlatform::~QtPlatform() = default;
 
@@ -45,14 +91,43 @@ void QtPlatform::PlayClick() {
 
 QString QtPlatform::ResolveTarget(const std::string& target) const {
   const QString t = QString::fromStdString(target);
-  if (t.contains(QStringLiteral("://")) || t.startsWith(QStringLiteral("mailto:"))) return t;
+  if (IsWebAddress(t)) return t;
   const QString file = QDir(options_.data_dir).filePath(t);
   return QFileInfo::exists(file) ? QUrl::fromLocalFile(file).toString() : QString();
 }
 
 void QtPlatform::Open(const std::string& target) {
-  const QString url = ResolveTarget(target);
-  if (!url.isEmpty()) QDesktopServices::openUrl(QUrl(url));
+  const QString resolved = ResolveTarget(target);
+  if (resolved.isEmpty()) return;  // a missing document is not worth a message
+  const QUrl url(resolved);
+  // A document of ours always shows: in our own window when the desktop cannot open it.
+  std::function<void()> failed = [] {};
+  if (!IsWebAddress(QString::fromStdString(target))) failed = [this, url] { ShowInBrowser(url); };
+  if (open_url_)
+    open_url_(url, failed);
+  else if (DesktopSession())
+    OpenWithDesktop(url, failed, watchers_.get());
+  else
+    failed();
+}
+
+void QtPlatform::ShowInBrowser(const QUrl& url) {
+  if (!help_window_) {
+    help_window_ = std::make_unique<QWidget>(nullptr, Qt::Window);
+    help_window_->setObjectName(QStringLiteral("helpBrowserWindow"));
+    auto* column = new QVBoxLayout(help_window_.get());
+    column->setContentsMargins(0, 0, 0, 0);
+    help_browser_ = new QTextBrowser(help_window_.get());
+    help_browser_->setOpenExternalLinks(true);
+    column->addWidget(help_browser_);
+    const QFontMetrics metrics(help_browser_->font());
+    help_window_->resize(metrics.horizontalAdvance(QLatin1Char('n')) * 80, metrics.height() * 40);
+  }
+  help_browser_->setSource(url);
+  help_window_->setWindowTitle(help_browser_->documentTitle());
+  help_window_->show();
+  help_window_->raise();
+  help_window_->activateWindow();
 }
 
 void QtPlatform::MessageBox(const std::string& text) {

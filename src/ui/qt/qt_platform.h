@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QString>
+#include <QUrl>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <random>
@@ -8,7 +10,9 @@
 
 #include "ui/model/platform.h"
 
+class QObject;
 class QSoundEffect;
+class QTextBrowser;
 class QWidget;
 
 namespace bq::qt {
@@ -23,6 +27,15 @@ class WindowHost {
   virtual QWidget* DialogParent() = 0;
 };
 
+// Opens a URL with the desktop's default application and calls `failed` (at once, or when the
+// desktop reports back) if it could not.
+using UrlOpener = std::function<void(const QUrl& url, std::function<void()> failed)>;
+
+// The desktop's way, without asking whether a desktop session runs: xdg-open, watched for the
+// answer that no application takes the URL; QDesktopServices where there is no xdg-open.
+// `owner` holds the watcher.
+void OpenWithDesktop(const QUrl& url, std::function<void()> failed, QObject* owner);
+
 struct QtPlatformOptions {
   std::optional<unsigned> seed;     // nullopt: from the clock
   std::optional<int> screen_width;  // nullopt: the primary screen's
@@ -36,6 +49,8 @@ class QtPlatform : public Platform {
   ~QtPlatform() override;
 
   void set_host(WindowHost* host) { host_ = host; }
+  // Unset: OpenWithDesktop, where a desktop session runs.
+  void set_url_opener(UrlOpener opener) { open_url_ = std::move(opener); }
 
   void PlayClick() override;
   void Open(const std::string& target) override;
@@ -50,12 +65,21 @@ class QtPlatform : public Platform {
   // the data folder. Empty when the document is missing (nothing is opened then).
   QString ResolveTarget(const std::string& target) const;
 
+  // The window of our own that shows a document the desktop could not open; nullptr until then.
+  QTextBrowser* help_browser() const { return help_browser_; }
+
  private:
   QtPlatformOptions options_;
   WindowHost* host_ = nullptr;
+  UrlOpener open_url_;
   std::mt19937 gen_;
+  void ShowInBrowser(const QUrl& url);
+
   std::unique_ptr<QSoundEffect> click_;
   bool sound_probed_ = false;
+  std::unique_ptr<QObject> watchers_;     // parent of the opener's processes
+  QTextBrowser* help_browser_ = nullptr;  // inside help_window_
+  std::unique_ptr<QWidget> help_window_;
 };
 
 }  // namespace bq::qt

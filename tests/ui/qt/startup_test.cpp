@@ -9,16 +9,23 @@ using namespace bq::qt;
 class StartupTest : public QObject {
   Q_OBJECT
  private slots:
-  void settingsFileLocation() {
+  void dataAndSettingsLocation() {
     QTemporaryDir exe, home;
     const QString config = home.filePath(QStringLiteral("conf/Bramblequay"));
     const QString file = QStringLiteral("Bramblequay.INI");
+    QVERIFY(QFile(exe.filePath(QStringLiteral("click.wav"))).open(QIODevice::WriteOnly));
+    // A portable copy (a build folder, say) keeps its data and settings beside it.
     QCOMPARE(ResolveSettingsPath("/x/my.ini", exe.path(), config), "/x/my.ini");
     QCOMPARE(ResolveSettingsPath(QString(), exe.path(), config), QDir(exe.path()).filePath(file));
+    QCOMPARE(DataDir(exe.path()), exe.path());
     QVERIFY(!QDir(config).exists());
-    // A program folder that cannot take the file sends it to the user's, made on demand.
-    const QString gone = exe.filePath(QStringLiteral("no-such-folder"));
-    QCOMPARE(ResolveSettingsPath(QString(), gone, config), QDir(config).filePath(file));
+    // Installed, the data are in the share folder and the settings in the user's, made on
+    // demand, though the program's folder be writable (to root, say).
+    const QString bin = exe.filePath(QStringLiteral("usr/bin"));
+    const QString share = exe.filePath(QStringLiteral("usr/share/bramblequay"));
+    QVERIFY(QDir().mkpath(bin) && QDir().mkpath(share));
+    QCOMPARE(DataDir(bin), share);
+    QCOMPARE(ResolveSettingsPath(QString(), bin, config), QDir(config).filePath(file));
     QVERIFY(QDir(config).exists());
   }
 

@@ -1,0 +1,117 @@
+// The help and information windows: How To Play's scrolling page, About, the help command and
+// the click sound's switch.
+#include "ui/model/about_model.h"
+#include "ui/model/app_model.h"
+#include "ui/model/game_test_util.h"
+#include "ui/model/how_to_model.h"
+
+namespace bq {
+namespace {
+
+TEST(HowTo, ScrollRangeFollowsTheInnerHeight) {
+  test::FakePlatform platform;
+  HowToModel how(platform);
+  // The page is 12570 + 285 + 3765 = 16620 twips high.
+  const std::pair<int, int> cases[] = {
+      {8000, 9020},     // as opened
+      {7595, 9405},     // 16620 - 7215.25, rounded
+      {10, 16610},      // 16610.5: a half goes to the even neighbour
+      {30, 16592},      // 16591.5
+      {20000, -2380},   // taller than the page
+      {60000, -32768},  // past 16 bits: saturated
+  };
+  for (const auto& [inner, max] : cases) {
+    how.Resize(inner);
+    EXPECT_EQ(how.ScrollMax(), max) << inner;
+  }
+}
+
+TEST(HowTo, ThePiecesMoveAsOnePageWithinTheRange) {
+  test::FakePlatform platform;
+  HowToModel how(platform);
+  how.Open();
+  how.Resize(7595);
+  EXPECT_EQ(how.Top("ImgText"), 0);
+  EXPECT_EQ(how.Top("Label1"), 12570);
+  EXPECT_EQ(how.Top("imgScreenShot"), 12855);
+  how.Scroll(1000);
+  EXPECT_EQ(how.Top("ImgText"), -1000);
+  EXPECT_EQ(how.Top("Label1"), 11570);
+  EXPECT_EQ(how.Top("imgScreenShot"), 11855);
+  how.Scroll(99999);
+  EXPECT_EQ(how.Position(), 9405);
+  how.Scroll(-5);
+  EXPECT_EQ(how.Position(), 0);
+
+  // A resize keeps the place on the page while it stays in range.
+  how.Scroll(5000);
+  how.Resize(3000);
+  EXPECT_EQ(how.Position(), 5000);
+  how.Resize(14000);
+  EXPECT_EQ(how.Position(), 3320);
+  EXPECT_EQ(how.Top("imgScreenShot"), 12855 - 3320);
+  how.Resize(20000);
+  how.Scroll(500);
+  EXPECT_EQ(how.Position(), 0) << "nothing to scroll on a window taller than the page";
+
+  // Closed and opened again, it starts at the top.
+  how.Resize(3000);
+  how.Scroll(700);
+  EXPECT_TRUE(how.Close());
+  how.Open();
+  EXPECT_EQ(how.Position(), 0);
+}
+
+TEST(HelpWindows, HowToIsNeverOpenedByTheGameAndClosesWithTheOthersAtExit) {
+  test::TempSettings file;
+  test::FakePlatform platform;
+  AppModel app(platform, file.path());
+  app.Load();
+  EXPECT_EQ(app.Find("frmHowTo.Label1")->caption, "Player A won the following game");
+  EXPECT_EQ(app.Window("frmHowTo")->Find("Caption")->caption, "How To Play Bramblequay");
+  // Both How To Play commands open the help document instead.
+  for (const char* command : {"mnuHelpHowToPlay", "mnuPopupHelpHowToPlay"})
+    EXPECT_EQ(app.Click(command), AppModel::Result::kDone);
+  EXPECT_EQ(platform.opened, (std::vector<std::string>{"help.html", "help.html"}));
+  EXPECT_FALSE(app.IsOpen("frmHowTo"));
+  EXPECT_EQ(app.Close("frmHowTo"), AppModel::Result::kIgnored);
+
+  app.how_to().Open();
+  app.Click("mnuHelpAbout");
+  EXPECT_EQ(app.Click("frmHowTo.ImgText"), AppModel::Result::kIgnored);
+  ASSERT_NE(app.Find("frmAbout.picIcon"), nullptr);
+  EXPECT_EQ(app.Close("frmGame"), AppModel::Result::kDone);
+  EXPECT_FALSE(app.IsOpen("frmHowTo"));
+  EXPECT_FALSE(app.IsOpen("frmAbout"));
+  EXPECT_EQ(platform.windows.back(), "closed frmHowTo");
+}
+
+TEST(Sound, TheSwitchSilencesEveryClickAndIsKeptInTheFile) {
+  test::Game g;
+  EXPECT_EQ(g.C("mnuOptionsSound").caption, "Sound");
+  EXPECT_EQ(g.C("mnuOptionsSound").value, 1);
+  g.NewGameAFirst();  // cmdNew clicks
+  ASSERT_TRUE(g.Click("lblDrawPile"));
+  EXPECT_EQ(g.platform.clicks, 2);
+
+  ASSERT_TRUE(g.Click("mnuOptionsSound"));  // usable in the middle of a game
+  EXPECT_EQ(g.C("mnuOptionsSound").value, 0);
+  ASSERT_TRUE(g.Click("lblCardA(3)"));
+  ASSERT_TRUE(g.Click("cmdPlayA"));
+  ASSERT_TRUE(g.Click("cmdQuit"));
+  EXPECT_EQ(g.platform.clicks, 2);
+  g.model.Exit();
+  const std::string text = g.file.Read();
+  EXPECT_GT(text.find("[Preferences]\nSound=0\n"), text.find("[StatsVsHumans]")) << text;
+
+  test::Game again(text);
+  EXPECT_EQ(again.C("mnuOptionsSound").value, 0);
+  again.NewGameAFirst();
+  EXPECT_EQ(again.platform.clicks, 0);
+  ASSERT_TRUE(again.Click("mnuOptionsSound"));
+  ASSERT_TRUE(again.Click("lblDrawPile"));
+  EXPECT_EQ(again.platform.clicks, 1);
+}
+
+}  // namespace
+}  // namespace bq

@@ -1,0 +1,150 @@
+#include <QFile>
+#include <QLabel>
+#include <QScrollBar>
+#include <QTextBrowser>
+#include <QtTest>
+
+#include "qt_fixture.h"
+#include "ui/model/how_to_model.h"
+#include "ui/qt/app_paths.h"
+
+using namespace bq;
+using namespace bq::qt;
+using namespace bq::qt::test;
+
+namespace {
+
+void WriteFile(const QString& path, const QByteArray& text) {
+  QFile file(path);
+  QVERIFY(file.open(QIODevice::WriteOnly));
+  file.write(text);
+}
+
+}  // namespace
+
+class HelpWindowsTest : public QObject {
+  Q_OBJECT
+ private slots:
+  void initTestCase() { QApplication::setWindowIcon(AppIcon(QStringLiteral(BQ_DATA_DIR))); }
+
+  void aboutWindow() {
+    Session s;
+    QStringList opened;
+    s.platform.set_url_opener([&](const QUrl& url, auto) { opened << url.toString(); });
+    QVERIFY(QTest::qWaitForWindowExposed(s.window()));
+    s.find<QAction>("mnuHelpAbout")->trigger();
+    QWidget* about = s.front->View("frmAbout");
+    QVERIFY(about != nullptr && QTest::qWaitForWindowExposed(about));
+    QCOMPARE(Mismatches(about, *s.app->Window("frmAbout")), QStringList());
+    QVERIFY(!about->findChild<QLabel*>("picIcon")->pixmap().isNull());
+    QVERIFY(!about->windowIcon().isNull());
+    const QPoint off = about->frameGeometry().center() - s.window()->frameGeometry().center();
+    QVERIFY2(off.manhattanLength() < 40, "placed over the middle of the game window");
+
+    auto* website = about->findChild<QLabel*>("lblWebsite");
+    QCOMPARE(website->cursor().shape(), Qt::PointingHandCursor);
+    QVERIFY(website->font().underline());
+    QTest::mouseClick(website, Qt::LeftButton);
+    QCOMPARE(opened,
+             QStringList{QString::fromStdString(s.app->Find("frmAbout.lblWebsite")->caption)});
+    const int one_line = website->fontMetrics().height() * 3 / 2;
+    QVERIFY(about->findChild<QLabel*>("lblDescription")->height() < one_line);
+
+    // Escape closes it, and the statistics window, as their frames would.
+    QTest::keyClick(about->findChild<QWidget*>("cmdOK"), Qt::Key_Escape);
+    QVERIFY(!s.app->IsOpen("frmAbout") && !about->isVisible());
+    s.find<QAction>("mnuStats")->trigger();
+    QWidget* stats = s.front->View("frmStats");
+    QTest::keyClick(stats, Qt::Key_Escape);
+    QVERIFY(!s.app->IsOpen("frmStats") && !stats->isVisible());
+  }
+
+  void howToPlayAlwaysShowsTheDocument() {
+    Session s;
+    WriteFile(s.dir.filePath(QStringLiteral("help.html")),
+              "<html><head><title>Help title</title></head><body>The rules</body></html>");
+    // No desktop session here: our own window shows it.
+    s.find<QAction>("mnuHelpHowToPlay")->trigger();
+    QVERIFY(s.platform.help_browser() != nullptr && s.platform.help_browser()->isVisible());
+    QVERIFY(s.platform.help_browser()->toPlainText().contains(QStringLiteral("The rules")));
+    QCOMPARE(s.platform.help_browser()->window()->windowTitle(), QStringLiteral("Help title"));
+    s.platform.help_browser()->window()->close();
+
+    // A desktop that takes it shows it itself; one that answers that it cannot leaves it to us.
+    std::function<void()> report;
+    s.platform.set_url_opener([&](const QUrl& url, std::function<void()> failed) {
+      QVERIFY(url.isLocalFile());
+      report = failed;
+    });
+    s.find<QAction>("mnuPopupHelpHowToPlay")->trigger();
+    QVERIFY(report && !s.platform.help_browser()->isVisible());
+    report();
+    QVERIFY(s.platform.help_browser()->isVisible());
+  }
+
+  void desktopOpenerHearsThatNothingTookTheDocument() {
+    // A stand-in for xdg-open on the PATH answers as the real one does when no application is
+    // registered (exit code 3), or when one took the document (0).
+    QTemporaryDir bin;
+    const QString opener = bin.filePath(QStringLiteral("xdg-open"));
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", bin.path().toUtf8() + ':' + path);
+    for (const int code : {3, 0}) {
+      WriteFile(opener, "#!/bin/sh\nexit " + QByteArray::number(code) + "\n");
+      QFile::setPermissions(opener, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+      QObject owner;
+      bool failed = false;
+      OpenWithDesktop(
+          QUrl::fromLocalFile(opener), [&] { failed = true; }, &owner);
+      QTRY_VERIFY(owner.findChildren<QObject*>().isEmpty());  // the watcher has heard back
+      QCOMPARE(failed, code != 0);
+    }
+    qputenv("PATH", path);
+  }
+
+  void howToWindowLaysOutThePage() {
+    Session s;
+    s.app->how_to().Open();  // no command of the game does this
+    auto* how = s.front->View("frmHowTo");
+    QVERIFY(how != nullptr && QTest::qWaitForWindowExposed(how));
+    QCOMPARE(how->size(), QSize(510, 533));  // 7650 x 8000 twips
+    QCOMPARE(Mismatches(how, *s.app->Window("frmHowTo")), QStringList());
+    auto* bar = how->findChild<QScrollBar*>("VScroll");
+    auto* label = how->findChild<QLabel*>("Label1");
+    auto* shot = how->findChild<QLabel*>("imgScreenShot");
+    QCOMPARE(bar->pageStep(), 100);
+    QCOMPARE(bar->singleStep(), 50);
+    for (const int height : {533, 300, 1300}) {
+      how->resize(510, height);
+      QCOMPARE(s.app->how_to().ScrollMax(), int(std::nearbyint(16620 - 0.95 * height * 15)));
+      QCOMPARE(bar->maximum(), std::max(s.app->how_to().ScrollMax(), 0));
+      QCOMPARE(bar->geometry().right(), how->width() - 1);
+      QCOMPARE(bar->height(), height);
+    }
+    how->resize(510, 533);
+    bar->setValue(3000);  // as a drag of the thumb would
+    QCOMPARE(s.app->how_to().Position(), 3000);
+    QCOMPARE(how->findChild<QLabel*>("ImgText")->y(), -200);
+    QCOMPARE(label->y(), 638);
+    QCOMPARE(shot->y(), label->y() + label->height());
+    QTest::keyClick(how, Qt::Key_Escape);
+    QVERIFY(!s.app->IsOpen("frmHowTo"));
+    s.app->how_to().Open();
+    QCOMPARE(bar->value(), 0);
+    s.find<QAction>("mnuFileExit")->trigger();
+    QVERIFY(!how->isVisible());
+  }
+
+  void soundItemInTheOptionsMenu() {
+    Session s;
+    auto* sound = s.find<QAction>("mnuOptionsSound");
+    QVERIFY(sound != nullptr && sound->isCheckable() && sound->isChecked());
+    QCOMPARE(sound->text(), QStringLiteral("Sound"));
+    sound->trigger();
+    QVERIFY(!sound->isChecked());
+    QCOMPARE(s.game().mnuOptionsSound.value, 0);
+  }
+};
+
+QTEST_MAIN(HelpWindowsTest)
+#include "help_windows_test.moc"
