@@ -5,6 +5,7 @@
 
 #include "ui/model/how_to_model.h"
 #include "ui/qt/about_window.h"
+#include "ui/qt/app_paths.h"
 #include "ui/qt/game_window.h"
 #include "ui/qt/generic_window.h"
 #include "ui/qt/how_to_window.h"
@@ -12,7 +13,7 @@
 
 namespace bq::qt {
 
-FrontEnd::FrontEnd(AppModel& app) : app_(app) {
+FrontEnd::FrontEnd(AppModel& app) : app_(app), data_dir_(DataDir(ExecutableDir())) {
   game_ = std::make_unique<GameWindow>(*this, app_.game());
 }
 

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QPoint>
+#include <QString>
 #include <functional>
 #include <map>
 #include <memory>
@@ -45,6 +46,9 @@ class FrontEnd : public QObject, public WindowHost {
   QWidget* View(std::string_view window) const;
   void RefreshAll();
   bool finished() const { return finished_; }
+  // Where the windows find their pictures; by default the program's data folder.
+  const QString& data_dir() const { return data_dir_; }
+  void set_data_dir(QString dir) { data_dir_ = std::move(dir); }
 
   void WindowOpened(const std::string& window) override;
   void WindowClosed(const std::string& window) override;
@@ -70,6 +74,7 @@ class FrontEnd : public QObject, public WindowHost {
   std::string pending_popup_;
   QPoint popup_pos_;
   bool finished_ = false;
+  QString data_dir_;
 };
 
 }  // namespace bq::qt

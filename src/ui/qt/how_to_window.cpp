@@ -11,8 +11,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "ui/qt/app_paths.h"
-
 namespace bq::qt {
 namespace {
 
@@ -21,10 +19,9 @@ int Px(int twips) {
   return static_cast<int>(std::floor(twips / double(HowToModel::kTwipsPerPixel) + 0.5));
 }
 
-QLabel* Picture(QWidget* parent, const char* file, int width_twips, int height_twips) {
+QLabel* Picture(QWidget* parent, int width_twips, int height_twips) {
   auto* label = new QLabel(parent);
   label->setFixedSize(Px(width_twips), Px(height_twips));
-  label->setProperty("picture", QDir(DataDir(ExecutableDir())).filePath(QLatin1String(file)));
   return label;
 }
 
@@ -33,8 +30,8 @@ QLabel* Picture(QWidget* parent, const char* file, int width_twips, int height_t
 HowToWindow::HowToWindow(FrontEnd& front, HowToModel& model, QWidget* parent)
     : ModelWindow(front, model, parent, Qt::Window), model_(model) {
   binder_.Bind("Caption", this);
-  text_ = Picture(this, "howto-rules.jpg", HowToModel::kTextWidth, HowToModel::kTextHeight);
-  shot_ = Picture(this, "howto-screenshot.jpg", HowToModel::kShotWidth, HowToModel::kShotHeight);
+  text_ = Picture(this, HowToModel::kTextWidth, HowToModel::kTextHeight);
+  shot_ = Picture(this, HowToModel::kShotWidth, HowToModel::kShotHeight);
   label_ = new QLabel(this);
   label_->setTextFormat(Qt::PlainText);
   label_->setAlignment(Qt::AlignCenter);
@@ -52,8 +49,9 @@ HowToWindow::HowToWindow(FrontEnd& front, HowToModel& model, QWidget* parent)
   });
   binder_.Apply();
   // After the first refresh: an empty caption would clear the picture.
-  for (QLabel* picture : {text_, shot_})
-    picture->setPixmap(QPixmap(picture->property("picture").toString()));
+  const QDir data(front.data_dir());
+  text_->setPixmap(QPixmap(data.filePath(QStringLiteral("howto-rules.jpg"))));
+  shot_->setPixmap(QPixmap(data.filePath(QStringLiteral("howto-screenshot.jpg"))));
   setMinimumSize(Px(HowToModel::kTextWidth) / 2, Px(HowToModel::kHeight) / 4);
 }
 

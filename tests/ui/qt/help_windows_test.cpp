@@ -1,5 +1,7 @@
 #include <QFile>
+#include <QImage>
 #include <QLabel>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QTextBrowser>
 #include <QtTest>
@@ -61,14 +63,18 @@ class HelpWindowsTest : public QObject {
 
   void howToPlayAlwaysShowsTheDocument() {
     Session s;
-    WriteFile(s.dir.filePath(QStringLiteral("help.html")),
-              "<html><head><title>Help title</title></head><body>The rules</body></html>");
-    // No desktop session here: our own window shows it.
+    for (const char* file : {"help.html", "help-board-turn.png"})
+      QVERIFY(QFile::copy(QStringLiteral(BQ_DATA_DIR "/") + file, s.dir.filePath(file)));
+    // No desktop session here: our own window shows it, pictures and all.
     s.find<QAction>("mnuHelpHowToPlay")->trigger();
-    QVERIFY(s.platform.help_browser() != nullptr && s.platform.help_browser()->isVisible());
-    QVERIFY(s.platform.help_browser()->toPlainText().contains(QStringLiteral("The rules")));
-    QCOMPARE(s.platform.help_browser()->window()->windowTitle(), QStringLiteral("Help title"));
-    s.platform.help_browser()->window()->close();
+    QTextBrowser* browser = s.platform.help_browser();
+    QVERIFY(browser != nullptr && browser->isVisible());
+    QVERIFY(browser->toPlainText().contains(QStringLiteral("Playing over a network")));
+    QCOMPARE(browser->window()->windowTitle(), QStringLiteral("How to play Bramblequay"));
+    const QVariant picture = browser->loadResource(QTextDocument::ImageResource,
+                                                   QUrl(QStringLiteral("help-board-turn.png")));
+    QVERIFY(!qvariant_cast<QImage>(picture).isNull() || !picture.toByteArray().isEmpty());
+    browser->window()->close();
 
     // A desktop that takes it shows it itself; one that answers that it cannot leaves it to us.
     std::function<void()> report;
@@ -133,6 +139,26 @@ class HelpWindowsTest : public QObject {
     QCOMPARE(bar->value(), 0);
     s.find<QAction>("mnuFileExit")->trigger();
     QVERIFY(!how->isVisible());
+  }
+
+  void shippedPicturesHaveTheirSizes() {
+    const QDir data(QStringLiteral(BQ_DATA_DIR));
+    QCOMPARE(QImage(data.filePath(QStringLiteral("howto-rules.jpg"))).size(), QSize(492, 838));
+    QCOMPARE(QImage(data.filePath(QStringLiteral("howto-screenshot.jpg"))).size(), QSize(454, 251));
+    // Every picture the help document shows is there.
+    QFile help(data.filePath(QStringLiteral("help.html")));
+    QVERIFY(help.open(QIODevice::ReadOnly));
+    const QString html = QString::fromUtf8(help.readAll());
+    const QRegularExpression image(QStringLiteral("<img src=\"([^\"]+)\""));
+    int pictures = 0;
+    for (const auto& match : image.globalMatch(html)) {
+      QVERIFY2(!QImage(data.filePath(match.captured(1))).isNull(), qPrintable(match.captured(1)));
+      ++pictures;
+    }
+    QVERIFY(pictures >= 2);
+    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256})
+      QCOMPARE(QImage(data.filePath(QStringLiteral("bramblequay-%1.png").arg(size))).size(),
+               QSize(size, size));
   }
 
   void soundItemInTheOptionsMenu() {

@@ -1,10 +1,16 @@
 #include <QDir>
+#include <QFile>
 #include <QImage>
+#include <QPainter>
 #include <QPixmap>
+#include <QRegularExpression>
 #include <QSet>
+#include <QTextDocument>
 #include <QtTest>
 
 #include "qt_fixture.h"
+#include "ui/model/how_to_model.h"
+#include "ui/qt/app_paths.h"
 
 using namespace bq;
 using namespace bq::qt;
@@ -12,18 +18,74 @@ using namespace bq::qt::test;
 
 namespace {
 
-// Saves the widget as the named PNG. A blank or one-colour picture means the platform had no
-// fonts or nothing was laid out.
-void Save(QWidget* widget, const QString& name) {
-  QCoreApplication::processEvents();  // pending layout requests, as the event loop would
-  const QImage image = widget->grab().toImage();
+// The pictures the program ships (the help document's and How To Play's) go to a folder of the
+// build, unless scripts/make-pictures.sh names the data folder.
+QString PicturesDir() {
+  QString dir = qEnvironmentVariable("BQ_PICTURES_DIR");
+  if (dir.isEmpty()) dir = QStringLiteral(BQ_SCREENSHOT_DIR "/pictures");
+  QDir().mkpath(dir);
+  return dir;
+}
+
+// Saves the picture under the name in the folder, a JPEG at the quality given. A blank or
+// one-colour picture means the platform had no fonts or nothing was laid out.
+void SaveImage(const QImage& image, const QString& dir, const QString& name, int quality = -1) {
   QSet<QRgb> colours;
   for (int y = 0; y < image.height(); y += 2)
     for (int x = 0; x < image.width(); x += 2) colours.insert(image.pixel(x, y));
   QVERIFY2(colours.size() > 20, qPrintable(name));
-  const QString path = QDir(QStringLiteral(BQ_SCREENSHOT_DIR)).filePath(name);
-  QVERIFY(image.save(path));
+  const QString path = QDir(dir).filePath(name);
+  QVERIFY(image.save(path, nullptr, quality));
   qInfo("wrote %s (%dx%d)", qPrintable(path), image.width(), image.height());
+}
+
+QImage Grab(QWidget* widget) {
+  QCoreApplication::processEvents();  // pending layout requests, as the event loop would
+  return widget->grab().toImage();
+}
+
+void Save(QWidget* widget, const QString& name) {
+  SaveImage(Grab(widget), QStringLiteral(BQ_SCREENSHOT_DIR), name);
+}
+
+// Scaled to fit WIDTH x HEIGHT exactly, the rest filled with the picture's own background.
+QImage Fitted(const QImage& image, int width, int height) {
+  QImage out(width, height, QImage::Format_RGB32);
+  out.fill(image.pixel(image.width() - 2, image.height() / 2));
+  const QImage scaled = image.scaled(width, height, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+  QPainter painter(&out);
+  painter.drawImage((width - scaled.width()) / 2, (height - scaled.height()) / 2, scaled);
+  return out;
+}
+
+const char* VisibleResult(GameModel& game) {
+  for (const char* name : {"cmdAWins", "cmdBWins", "cmdCWins", "cmdBothWin"})
+    if (game.Find(name)->visible) return name;
+  return nullptr;
+}
+
+// Plays on in Fast Mode until a result, aiming for a card of decade t in slot t (which is an
+// ascending Stack): a pile's card goes to its decade's slot when that slot holds a stranger.
+void PlayToTheEnd(Session& s) {
+  auto slot_for = [](int card) { return std::clamp((card + 9) / 10, 1, 10); };
+  auto misfit = [&](int slot) { return slot_for(s.game().state().Card(kSideA, slot)) != slot; };
+  auto click = [&](const std::string& name) { QTest::mouseClick(s.find(name), Qt::LeftButton); };
+  auto card = [](int slot) { return "lblCardA(" + std::to_string(slot) + ")"; };
+  for (int turn = 0; turn < 500 && VisibleResult(s.game()) == nullptr; ++turn) {
+    if (s.game().cmdCTakesNothing.visible) {  // a turned-down card waits for its button
+      click("cmdCTakesNothing");
+      continue;
+    }
+    const int discard = slot_for(s.game().state().discard_top);
+    if (misfit(discard)) {
+      click("lblDiscardPile");
+      click(card(discard));
+      continue;
+    }
+    click("lblDrawPile");
+    const int draw = slot_for(s.game().state().DrawTop());
+    click(misfit(draw) ? card(draw) : std::string("lblDiscardPile"));  // else a pass
+  }
 }
 
 }  // namespace
@@ -34,6 +96,9 @@ class Screenshots : public QObject {
   void afterTheDeal();
   void learnModeWithJudgement();
   void statistics();
+  void howToPictures();
+  void helpDocumentBoard();
+  void aboutAndHowTo();
 };
 
 void Screenshots::afterTheDeal() {
@@ -73,6 +138,69 @@ void Screenshots::learnModeWithJudgement() {
     QTest::mouseClick(s.find("cmdPlayA"), Qt::LeftButton);
   }
   Save(s.window(), QStringLiteral("screenshot-game-learn-mode-judgement.png"));
+  SaveImage(Grab(s.window()), PicturesDir(), QStringLiteral("help-board-learn.png"));
+}
+
+void Screenshots::helpDocumentBoard() {
+  // Your turn, the Draw Pile card turned up and the card it will replace chosen.
+  Session s;
+  QVERIFY(QTest::qWaitForWindowExposed(s.window()));
+  QTest::mouseClick(s.find("cmdNew"), Qt::LeftButton);
+  if (s.game().cmdCTakesNothing.visible)  // the computer moved first and turned a card down
+    QTest::mouseClick(s.find("cmdCTakesNothing"), Qt::LeftButton);
+  QVERIFY(s.game().lblDrawPile.enabled);
+  QTest::mouseClick(s.find("lblDrawPile"), Qt::LeftButton);
+  const int slot = std::clamp((s.game().state().DrawTop() + 9) / 10, 1, 10);
+  QTest::mouseClick(s.find("lblCardA(" + std::to_string(slot) + ")"), Qt::LeftButton);
+  QVERIFY(s.game().cmdPlayA.visible && s.game().cmdPlayA.enabled);
+  SaveImage(Grab(s.window()), PicturesDir(), QStringLiteral("help-board-turn.png"));
+}
+
+void Screenshots::howToPictures() {
+  // The screenshot: a game that the player, side A, won.
+  Session s("[Options]\nSetFastMode=1\n");
+  QVERIFY(QTest::qWaitForWindowExposed(s.window()));
+  for (int game = 0; game < 30; ++game) {
+    QTest::mouseClick(s.find("cmdNew"), Qt::LeftButton);
+    PlayToTheEnd(s);
+    const char* result = VisibleResult(s.game());
+    QVERIFY(result != nullptr);
+    if (std::string_view(result) == "cmdAWins") break;
+    QTest::mouseClick(s.find(result), Qt::LeftButton);
+  }
+  QVERIFY2(s.game().cmdAWins.visible, "the player won none of 30 games");
+  SaveImage(Fitted(Grab(s.window()), 454, 251), PicturesDir(),
+            QStringLiteral("howto-screenshot.jpg"), 85);
+
+  // The rules: the help document's first sections as one page of text.
+  QFile help(QStringLiteral(BQ_SOURCE_DATA_DIR "/help.html"));
+  QVERIFY(help.open(QIODevice::ReadOnly));
+  const QString html = QString::fromUtf8(help.readAll());
+  const QRegularExpression rules(QStringLiteral("<!-- rules -->(.*)<!-- /rules -->"),
+                                 QRegularExpression::DotMatchesEverythingOption);
+  const QRegularExpressionMatch match = rules.match(html);
+  QVERIFY(match.hasMatch());
+  constexpr int kWidth = 492, kHeight = 838, kMargin = 14;
+  QTextDocument page;
+  page.setDefaultStyleSheet(QStringLiteral("h2 { color: #254774; } p, li { color: #1b1b1b; }"));
+  page.setHtml(match.captured(1));
+  page.setTextWidth(kWidth - 2 * kMargin);
+  QFont font = QApplication::font();
+  // The largest type that fits the page.
+  for (double size = 12; size >= 7; size -= 0.25) {
+    font.setPointSizeF(size);
+    page.setDefaultFont(font);
+    if (page.size().height() <= kHeight - 2 * kMargin) break;
+  }
+  QVERIFY(page.size().height() <= kHeight - 2 * kMargin);
+  QImage image(kWidth, kHeight, QImage::Format_RGB32);
+  image.fill(QColor(0xfb, 0xf8, 0xee));
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::TextAntialiasing);
+  painter.translate(kMargin, kMargin);
+  page.drawContents(&painter);
+  painter.end();
+  SaveImage(image, PicturesDir(), QStringLiteral("howto-rules.jpg"), 75);
 }
 
 void Screenshots::statistics() {
@@ -83,6 +211,21 @@ void Screenshots::statistics() {
   QWidget* stats = s.front->View("frmStats");
   QVERIFY(stats != nullptr && QTest::qWaitForWindowExposed(stats));
   Save(stats, QStringLiteral("screenshot-statistics.png"));
+}
+
+void Screenshots::aboutAndHowTo() {
+  QApplication::setWindowIcon(AppIcon(QStringLiteral(BQ_SOURCE_DATA_DIR)));
+  Session s;
+  QVERIFY(QTest::qWaitForWindowExposed(s.window()));
+  s.find<QAction>("mnuHelpAbout")->trigger();
+  QWidget* about = s.front->View("frmAbout");
+  QVERIFY(about != nullptr && QTest::qWaitForWindowExposed(about));
+  Save(about, QStringLiteral("screenshot-about.png"));
+  s.front->set_data_dir(QStringLiteral(BQ_SOURCE_DATA_DIR));
+  s.app->how_to().Open();
+  QWidget* how = s.front->View("frmHowTo");
+  QVERIFY(how != nullptr && QTest::qWaitForWindowExposed(how));
+  Save(how, QStringLiteral("screenshot-how-to.png"));
 }
 
 QTEST_MAIN(Screenshots)
