@@ -139,11 +139,7 @@ void FrontEnd::WindowOpened(const std::string& window) {
 std::unique_ptr<ModelWindow<QWidget>> FrontEnd::MakeWindow(const std::string& window) {
   if (window == "frmAbout")
     return std::make_unique<AboutWindow>(*this, *app_.Window(window), game_.get());
-  if (window == "frmHowTo") {
-    auto view = std::make_unique<HowToWindow>(*this, app_.how_to(), game_.get());
-    view->resize(HowToWindow::OpeningSize());
-    return view;
-  }
+  if (window == "frmHowTo") return std::make_unique<HowToWindow>(*this, app_.how_to(), game_.get());
   return std::make_unique<GenericWindow>(*this, *app_.Window(window), game_.get());
 }
 

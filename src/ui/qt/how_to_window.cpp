@@ -6,6 +6,7 @@
 #include <QPixmap>
 #include <QResizeEvent>
 #include <QScrollBar>
+#include <QShowEvent>
 #include <QSignalBlocker>
 #include <QWheelEvent>
 #include <algorithm>
@@ -57,6 +58,11 @@ HowToWindow::HowToWindow(FrontEnd& front, HowToModel& model, QWidget* parent)
 
 QSize HowToWindow::OpeningSize() {
   return {Px(HowToModel::kWidth), Px(HowToModel::kHeight)};
+}
+
+void HowToWindow::showEvent(QShowEvent* event) {
+  if (!event->spontaneous()) resize(OpeningSize());
+  ModelWindow::showEvent(event);
 }
 
 void HowToWindow::Refresh() {

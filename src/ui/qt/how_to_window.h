@@ -19,10 +19,11 @@ class HowToWindow : public ModelWindow<QWidget> {
   HowToWindow(FrontEnd& front, HowToModel& model, QWidget* parent);
 
   void Refresh() override;
-  // The size the window takes on opening.
+  // The size the window takes on every opening.
   static QSize OpeningSize();
 
  protected:
+  void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 

@@ -134,10 +134,12 @@ class HelpWindowsTest : public QObject {
     QCOMPARE(how->findChild<QLabel*>("ImgText")->y(), -200);
     QCOMPARE(label->y(), 638);
     QCOMPARE(shot->y(), label->y() + label->height());
+    how->resize(400, 300);
     QTest::keyClick(how, Qt::Key_Escape);
     QVERIFY(!s.app->IsOpen("frmHowTo"));
     s.app->how_to().Open();
     QCOMPARE(bar->value(), 0);
+    QCOMPARE(how->size(), QSize(510, 533));
     s.find<QAction>("mnuFileExit")->trigger();
     QVERIFY(!how->isVisible());
   }
