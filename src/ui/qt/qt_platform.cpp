@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMediaDevices>
 #include <QMessageBox>
 #include <QProcess>
@@ -35,6 +36,20 @@ bool DesktopSession() {
   return !name.isEmpty() && name != QStringLiteral("offscreen") &&
          name != QStringLiteral("minimal") && name != QStringLiteral("minimalegl");
 }
+
+// The help document in a window of our own; closed with Escape, like the game's small windows.
+class HelpWindow : public QWidget {
+ public:
+  HelpWindow() : QWidget(nullptr, Qt::Window) {}
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier)
+      close();
+    else
+      QWidget::keyPressEvent(event);
+  }
+};
 
 }  // namespace
 
@@ -113,7 +128,7 @@ void QtPlatform::Open(const std::string& target) {
 
 void QtPlatform::ShowInBrowser(const QUrl& url) {
   if (!help_window_) {
-    help_window_ = std::make_unique<QWidget>(nullptr, Qt::Window);
+    help_window_ = std::make_unique<HelpWindow>();
     help_window_->setObjectName(QStringLiteral("helpBrowserWindow"));
     auto* column = new QVBoxLayout(help_window_.get());
     column->setContentsMargins(0, 0, 0, 0);
