@@ -23,15 +23,18 @@ struct Trial {
 
 // The Switchem opening: every ordered pair (p, q) in the dealt orientation and, with Backem, the
 // reversed one. `p`, `q` are slots of the chosen orientation's Stack (0, 0 when nothing helps).
+// The computer makes its trials on its own judgement and goes on from what the last one left;
+// `last_trial`, when given, receives that judgement.
 struct SwitchChoice {
   int p = 0;
   int q = 0;
   bool reversed = false;
 };
-SwitchChoice ChooseSwitchem(const Judgement& current, bool backem);
+SwitchChoice ChooseSwitchem(const Judgement& current, bool backem, Judgement* last_trial = nullptr);
 
 // The direction choice at the first turn under Backem without Switchem: true = reverse.
-bool ChooseReversal(const Judgement& current, int discard_top);
+// `last_trial` as for ChooseSwitchem.
+bool ChooseReversal(const Judgement& current, int discard_top, Judgement* last_trial = nullptr);
 
 // Takem and Smackem, for the end game only.
 bool WantsTakem(const Judgement& j);

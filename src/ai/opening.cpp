@@ -30,7 +30,7 @@ bool Beats(const Trial& candidate, const Trial& best, int best_reversed) {
 
 }  // namespace
 
-SwitchChoice ChooseSwitchem(const Judgement& current, bool backem) {
+SwitchChoice ChooseSwitchem(const Judgement& current, bool backem, Judgement* last_trial) {
   const int n = current.n;
   const int orientations = backem ? 2 : 1;
   // [orientation][p][q]; [1][0][0] stays all zero as the starting best.
@@ -41,6 +41,8 @@ SwitchChoice ChooseSwitchem(const Judgement& current, bool backem) {
   for (int o = 1; o <= orientations; ++o) {
     Judgement unchanged = copies[o];
     const Trial as_is = Judge(unchanged);
+    // (n, n) of the last orientation is the last trial in the order the pairs are tried.
+    if (last_trial != nullptr && o == orientations) *last_trial = unchanged;
     for (int p = 1; p <= n; ++p) {
       table[o][p][p] = as_is;
       // (p, q) and (q, p) are the same arrangement, so each is judged once.
@@ -72,7 +74,7 @@ SwitchChoice ChooseSwitchem(const Judgement& current, bool backem) {
   return {best_p, best_q, best_o == kReversed};
 }
 
-bool ChooseReversal(const Judgement& current, int discard_top) {
+bool ChooseReversal(const Judgement& current, int discard_top, Judgement* last_trial) {
   const int n = current.n;
   // [orientation][k]; [0][0] is the all-zero starting best.
   Trial table[3][kMaxSlots + 1] = {};
@@ -82,6 +84,7 @@ bool ChooseReversal(const Judgement& current, int discard_top) {
     table[kDealt][k] = Judge(t);
     ReverseSlots(t);
     table[kReversed][k] = Judge(t);
+    if (last_trial != nullptr && k == n) *last_trial = t;
   }
 
   int best_o = 0;

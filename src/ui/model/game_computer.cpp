@@ -11,6 +11,16 @@ void GameModel::SyncJudgement() {
   judge_.slot_span = g_.slot_span;
 }
 
+// Every marking pass ends with the judgement display brought up to date.
+void GameModel::BringJudgementUpToDate() {
+  judge_.UpdateJudgement();
+  RefreshGoodBad();
+}
+
+void GameModel::ClearComputerMarks() {
+  for (int k = 1; k <= N(); ++k) judge_.m[static_cast<size_t>(k)] = '0';
+}
+
 void GameModel::RefreshGoodBad() {
   for (int k = 1; k <= N(); ++k) {
     auto& label = lblGoodBad[static_cast<size_t>(g_.DisplayPos(k))];
@@ -35,8 +45,6 @@ void GameModel::OrdinaryComputerTurn() {
   first_turn_ = false;
   g_.turn_owner = kSideB;
   card_in_hand_ = g_.discard_top;
-  SyncJudgement();
-  judge_.UpdateJudgement();
   const ai::CardChoice choice = ai::JudgeCard(judge_, card_in_hand_);
   if (choice.wanted) {
     chosen_slot_ = choice.slot;
@@ -154,7 +162,11 @@ void GameModel::ApplyComputerTakem() {
   lblCardA[static_cast<size_t>(take_slot_)].marked = 0;
   lblCardB[static_cast<size_t>(p)].marked = 0;
   Show(cmdSetupTakemB, false, false);
-  ResetComputerJudgement();
+  // Its own exchange is judged from scratch, but the counts go on adding up.
+  SyncJudgement();
+  ClearComputerMarks();
+  judge_.ResetRanges();
+  BringJudgementUpToDate();
   CountMove(kSideB);
   RefreshSlotVisibility();
   TestBothStacks(g_, Backem());
@@ -205,8 +217,12 @@ void GameModel::ApplyComputerSmackem() {
 void GameModel::ComputerDirectionChoice() {
   if (!Checked(kSwitchem)) {
     SyncJudgement();
-    g_.opponent_row_reversed = ai::ChooseReversal(judge_, g_.discard_top);
-    judge_.UpdateJudgement();
+    ai::Judgement last_trial;
+    const bool reverse = ai::ChooseReversal(judge_, g_.discard_top, &last_trial);
+    judge_ = last_trial;
+    SyncJudgement();  // the Stack as it stands, not as the last trial arranged it
+    BringJudgementUpToDate();
+    g_.opponent_row_reversed = reverse;
   }
   if (!g_.opponent_row_reversed) {
     OrdinaryComputerTurn();
@@ -222,26 +238,24 @@ void GameModel::ComputerDirectionChoice() {
 
 void GameModel::ApplyComputerReversal() {
   pending_ = Pending::kNone;
-  // With Switchem on, the direction was settled and applied by the opening already.
-  if (!Checked(kSwitchem)) {
-    g_.ReverseSideB();
-    ResetComputerJudgement();
-  }
+  // With Switchem on, the opening holds the Stack reversed already.
+  if (!Checked(kSwitchem)) g_.ReverseSideB();
+  ResetComputerJudgement();
   OrdinaryComputerTurn();
 }
 
 void GameModel::ComputerSwitchemChoice() {
   g_.turn_owner = kSideB;
   SyncJudgement();
-  const ai::SwitchChoice choice = ai::ChooseSwitchem(judge_, Backem());
-  judge_.ResetRanges();
-  judge_.UpdateJudgement();
+  ai::Judgement last_trial;
+  const ai::SwitchChoice choice = ai::ChooseSwitchem(judge_, Backem(), &last_trial);
   g_.opponent_row_reversed = choice.reversed;
-  if (choice.reversed) {
-    // The computer now works on the reversed Stack; on screen nothing moves.
-    g_.ReverseSideB();
-    ResetComputerJudgement();
-  }
+  // The computer now works on the reversed Stack; on screen nothing moves.
+  if (choice.reversed) g_.ReverseSideB();
+  judge_ = last_trial;
+  SyncJudgement();
+  judge_.ResetRanges();
+  BringJudgementUpToDate();
   switch_pos_a_ = choice.p;
   switch_pos_b_ = choice.q;
   if (switch_pos_a_ > 0) lblCardB[static_cast<size_t>(g_.DisplayPos(switch_pos_a_))].marked = 1;

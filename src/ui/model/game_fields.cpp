@@ -56,8 +56,14 @@ void GameModel::ToggleJudgementDisplay() {
     SetLearnMode(saved_learn_mode_);
     StatusBar1[2].caption = "Computer's judgement hidden";
   }
-  RefreshGoodBad();
   RefreshSlotVisibility();
+  // Each mark goes to its slot's own index, even while the Stack is held reversed, until the next
+  // marking pass puts it at its screen position. The opponent's cards follow Learn Mode alone.
+  for (int k = 1; k <= N(); ++k) {
+    const auto i = static_cast<size_t>(k);
+    lblGoodBad[i].caption = std::string(1, judge_.m[i]);
+    lblCardB[i].visible = learn_mode_;
+  }
 }
 
 std::optional<std::string> GameModel::GetField(std::string_view field) const {

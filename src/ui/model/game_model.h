@@ -197,6 +197,8 @@ class GameModel : public WindowModel {
   void ComputerSwitchemChoice();
   void ApplyComputerSwitchem();
   void SyncJudgement();
+  void BringJudgementUpToDate();
+  void ClearComputerMarks();
   void RefreshGoodBad();
 
   // Special moves of side A and the receiving side (game_option_moves.cpp).

@@ -154,7 +154,7 @@ void GameModel::SetVsComputer() {
   StatusBar1[1].caption = "Computer";
   cmdSetupRemoteOpponent.enabled = mnuSetupRemoteOpponent.enabled = false;
   cmdNew.enabled = mnuFileNewGame.enabled = mnuPopupFileNewGame.enabled = true;
-  for (int k = 1; k <= N(); ++k) judge_.m[static_cast<size_t>(k)] = '0';
+  ClearComputerMarks();
 }
 
 void GameModel::SetVsHuman() {
@@ -227,8 +227,7 @@ void GameModel::ResetComputerJudgement() {
   judge_.slot_span = g_.slot_span;
   judge_.ClearMarks();
   judge_.ResetRanges();
-  judge_.UpdateJudgement();
-  RefreshGoodBad();
+  BringJudgementUpToDate();
 }
 
 void GameModel::NewGame() {
@@ -311,7 +310,7 @@ void GameModel::LockControlsForGame() {
   Show(lblMoveCountA, true, true);
   Show(lblMoveCountB, true, true);
   RefreshMoveCounts();
-  for (int k = 1; k <= N(); ++k) judge_.m[static_cast<size_t>(k)] = '0';
+  ClearComputerMarks();
   RefreshGoodBad();
   RefreshSlotVisibility();
 }

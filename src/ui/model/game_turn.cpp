@@ -258,8 +258,7 @@ void GameModel::EndOfMoveB() {
   CountMove(kSideB);
   if (vs_computer_) {
     SyncJudgement();
-    judge_.UpdateJudgement();
-    RefreshGoodBad();
+    BringJudgementUpToDate();
   }
   // Only side B's cards changed; both are tested so that nothing in order goes unnoticed.
   TestBothStacks(g_, Backem());

@@ -175,6 +175,27 @@ TEST(Game, LearnModeWinRecordsNothingAndLeavesNoFile) {
   EXPECT_FALSE(std::ifstream(g.file.path()).good());
 }
 
+TEST(JudgementDisplay, FollowsEveryMarkingPassAndLeavesTheCardsToLearnMode) {
+  Game g;
+  ASSERT_TRUE(g.model.ClickBackground(true));
+  EXPECT_TRUE(g.C("lblCardB(1)").visible);
+  ASSERT_TRUE(g.model.ClickBackground(true));
+  EXPECT_FALSE(g.C("lblCardB(1)").visible);  // between games too
+  // The computer's Switchem waits for its button with the marks of its last pass on show.
+  ASSERT_TRUE(g.Click("chkSwitchem"));
+  ASSERT_TRUE(g.model.ClickBackground(true));
+  g.NewGameDealing(
+      {50, 40, 30, 20, 10, 60, 70, 80, 90, 100, 5, 15, 25, 35, 45, 94, 84, 74, 64, 98, 1}, 0.1f);
+  ASSERT_TRUE(g.Click("lblCardA(1)"));
+  ASSERT_TRUE(g.Click("lblCardA(2)"));
+  ASSERT_TRUE(g.Click("cmdSwitchemA"));
+  ASSERT_TRUE(g.C("cmdSwitchemC").visible);
+  std::string shown;
+  for (int p = 1; p <= 10; ++p)
+    shown += (p > 1 ? " " : "") + g.C("lblGoodBad(" + std::to_string(p) + ")").caption;
+  EXPECT_EQ(shown, g.Field("Marks"));
+}
+
 TEST(Game, UnwritableSettingsAreReportedOnceAndNeverCrash) {
   test::FakePlatform platform;
   GameModel model(platform, "/proc/bramblequay-no-such-dir/Bramblequay.INI");

@@ -6,6 +6,7 @@
 #include <random>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "ui/model/fake_platform.h"
 #include "ui/model/game_model.h"
@@ -38,6 +39,20 @@ struct Game {
     ASSERT_TRUE(Click("cmdNew"));
     ASSERT_EQ(model.GetField("TurnResult"), "0");
     ASSERT_EQ(model.GetField("TurnOwner"), "1");
+  }
+  // Starts a game whose shuffle brings `top` to the top of the deck: side A's Stack, side B's, the
+  // Discard Pile card, then the Draw Pile. `first_mover` is the draw that picks who begins.
+  void NewGameDealing(const std::vector<int>& top, float first_mover) {
+    auto deck = model.state().deck;  // the shuffle starts from the previous game's order
+    for (size_t i = 1; i < deck.size(); ++i) {
+      size_t j = i;
+      while (i <= top.size() && j < deck.size() && deck[j] != top[i - 1]) ++j;
+      ASSERT_LT(j, deck.size());
+      platform.Script({(static_cast<float>(j) - 0.5f) / 100.0f});
+      std::swap(deck[i], deck[j]);
+    }
+    platform.Script({first_mover});
+    ASSERT_TRUE(Click("cmdNew"));
   }
 
   TempSettings file;

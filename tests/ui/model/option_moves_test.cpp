@@ -56,6 +56,38 @@ TEST(Switchem, FastModeCompletesOnTheSecondMarkAndLearnModeShowsTheComputersChoi
   EXPECT_FALSE(g.C("cmdSwitchemC").visible);
 }
 
+// The computer's Switchem judges each trial on its own judgement, and play goes on from what the
+// last trial left. The computer moves first after the opening in both games.
+TEST(Switchem, TheComputerGoesOnFromItsLastTrial) {
+  Game g;
+  ASSERT_TRUE(g.Click("chkSwitchem"));
+  ASSERT_TRUE(g.Click("chkTakem"));
+  g.NewGameDealing({29, 3,  16, 33, 42, 62, 75, 17, 12, 77, 14, 20,
+                    80, 28, 97, 76, 65, 84, 24, 31, 21, 18, 36, 71},
+                   0.9f);
+  ASSERT_TRUE(g.Click("lblCardA(1)"));
+  ASSERT_TRUE(g.Click("lblCardA(2)"));
+  ASSERT_TRUE(g.Click("cmdSwitchemA"));
+  EXPECT_EQ(Stack(g, 2), "14 20 24 28 97 76 65 84 80 31");
+  // Six slots settled, each counted once: not yet the end game for a Takem.
+  EXPECT_EQ(g.Field("SettledCount"), "6");
+  EXPECT_FALSE(g.C("cmdTakemC").visible);
+  EXPECT_TRUE(g.C("cmdCTakesNothing").visible);
+
+  Game h;
+  ASSERT_TRUE(h.Click("chkSwitchem"));
+  ASSERT_TRUE(h.Click("chkBackem"));
+  h.NewGameDealing({8,  18, 25, 32, 44, 98, 17, 15, 48, 31, 60, 27,
+                    51, 13, 3,  42, 12, 47, 97, 58, 41, 33, 81, 45},
+                   0.9f);
+  ASSERT_TRUE(h.Click("lblCardA(1)"));
+  ASSERT_TRUE(h.Click("lblCardA(2)"));
+  ASSERT_TRUE(h.Click("cmdSwitchemA"));
+  EXPECT_EQ(h.Field("OpponentRowReversed"), "0");
+  // The last trial judged the Stack reversed; with the marks it left, the 41 goes to slot 7.
+  EXPECT_EQ(Stack(h, 2), "60 13 51 27 3 42 41 47 97 58");
+}
+
 // After A's move the computer, holding an almost descending Stack, turns round under Backem.
 void ComputerReverses(Game& g) {
   ASSERT_TRUE(g.Click("chkBackem"));
@@ -86,9 +118,15 @@ TEST(Backem, TheReversedRowKeepsItsScreenPositionsForLabelsMarksAndSmackem) {
   // Slot i is shown at position N + 1 - i, so the screen still reads as dealt.
   for (int p = 1; p <= 10; ++p)
     EXPECT_EQ(g.C("lblCardB(" + std::to_string(p) + ")").caption, CardFace(s.Card(kSideB, 11 - p)));
+  const auto& m = g.model.judgement().m;
+  const auto mark = [&](int slot) { return std::string(1, m[static_cast<size_t>(slot)]); };
+  const auto shown = [&](int p) { return g.C("lblGoodBad(" + std::to_string(p) + ")").caption; };
+  ASSERT_NE(mark(1), mark(10));
+  // Turned on, the display writes each mark at its slot's own index; the next marking pass, after
+  // the Smackem, puts it at its screen position.
   ASSERT_TRUE(g.model.ClickBackground(true));
-  EXPECT_EQ(g.C("lblGoodBad(10)").caption, std::string(1, g.model.judgement().m[1]));
-  ASSERT_TRUE(g.model.ClickBackground(true));
+  EXPECT_EQ(shown(1), mark(1));
+  EXPECT_EQ(shown(10), mark(10));
   const int slot10 = s.Card(kSideB, 10), slot9 = s.Card(kSideB, 9);
   ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
   ASSERT_TRUE(g.Click("lblCardB(1)"));
@@ -96,6 +134,21 @@ TEST(Backem, TheReversedRowKeepsItsScreenPositionsForLabelsMarksAndSmackem) {
   ASSERT_TRUE(g.Click("cmdSmackemA"));
   EXPECT_EQ(s.Card(kSideB, 10), slot9);
   EXPECT_EQ(s.Card(kSideB, 9), slot10);
+  for (int k = 1; k <= 10; ++k) EXPECT_EQ(shown(11 - k), mark(k)) << k;
+}
+
+TEST(Backem, TheDirectionTrialsLeaveTheirMarksAndRangesToTheFirstTurn) {
+  Game g;
+  ASSERT_TRUE(g.Click("chkBackem"));
+  g.NewGameDealing({92, 19, 54, 26, 46, 27, 83, 81, 3,  42, 12, 14,
+                    64, 21, 51, 71, 85, 96, 36, 61, 95, 94, 24, 15},
+                   0.9f);
+  EXPECT_EQ(g.Field("OpponentRowReversed"), "0");
+  // The last trial (reversed, the 95 in front) settled slots 6 and 8; their marks stay when the
+  // Stack is put back, and no range is left for 95 or 94.
+  EXPECT_EQ(g.Field("Marks"), "1 1 0 0 0 1 1 1 0 0");
+  EXPECT_TRUE(g.C("cmdCTakesNothing").visible);
+  EXPECT_EQ(Stack(g, 2), "12 14 64 21 51 71 85 96 36 61");
 }
 
 TEST(Smackem, AWrongCountClearsTheMarksAndTheMoveIsOncePerGame) {
@@ -200,6 +253,28 @@ TEST(ComputerTakem, ItTakesFromThePlayerOnceInTheEndGame) {
   EXPECT_EQ(g.model.state().Card(kSideB, 3), 33);
   EXPECT_EQ(g.Field("MoveCountB"), "1");
   EXPECT_FALSE(g.C("cmdSetupTakemB").visible);
+}
+
+TEST(ComputerTakem, ItsCountsRunOnSoItsSmackemCanFollow) {
+  Game g;
+  ASSERT_TRUE(g.Click("chkTakem"));
+  ASSERT_TRUE(g.Click("chkSmackem"));
+  g.NewGameAFirst();
+  // Seven slots settled around the reversed pair 45, 35; 60 fits nowhere.
+  g.Set("Stacks(2)", "5 15 25 45 35 55 65 75 85 60");
+  g.Set("Stacks(1)", "11 12 13 14 99 16 17 18 19 21");
+  g.Set("DrawCards", "2 3");
+  g.Set("DrawPos", "1");
+  ASSERT_TRUE(g.Click("lblDrawPile"));
+  ASSERT_TRUE(g.Click("cmdPlayA"));  // a pass; the computer has no use for the 2
+  ASSERT_TRUE(g.Click("cmdTakemC"));
+  EXPECT_EQ(Stack(g, 2), "5 15 25 99 35 55 65 75 85 60");
+  // Judged afresh, seven slots settle again and add to the seven counted before: enough for its
+  // Smackem when the 3 comes by.
+  EXPECT_EQ(g.Field("SettledCount"), "14");
+  ASSERT_TRUE(g.Click("lblDrawPile"));
+  ASSERT_TRUE(g.Click("cmdPlayA"));
+  EXPECT_TRUE(g.C("cmdSmackemC").visible);
 }
 
 }  // namespace
