@@ -280,15 +280,12 @@ void GameModel::ApplyComputerSwitchem() {
   }
   SyncJudgement();
   judge_.ResetRanges();
-  judge_.UpdateJudgement();
-  RefreshGoodBad();
+  BringJudgementUpToDate();
   RefreshSlotVisibility();
   CountMove(kSideB);
+  // Play starts whatever the order test found: a result button may already be up.
   TestBothStacks(g_, Backem());
-  if (g_.turn_result != kUndecided) {
-    EndIfDecided();
-    return;
-  }
+  EndIfDecided();
   StartOfPlay();
 }
 

@@ -167,6 +167,8 @@ class GameModel : public WindowModel {
   void StartTurnA();
   void StartTurnB();
   void OfferSetupButtons();
+  bool CardClickIgnored() const;
+  bool PileClickIgnored() const;
   bool ClickDiscardPile();
   bool ClickDrawPile();
   bool ClickCardA(int slot);

@@ -322,10 +322,9 @@ void GameModel::ShowDeal() {
   }
   RefreshSlotVisibility();
   lblDrawPile.caption = kFaceDown;
+  // Play goes on whatever the test found; a result button may already be up.
   TestBothStacks(g_, Backem());
   EndIfDecided();
-  // A dealt Stack in order has ended the game; nobody plays on past its result button.
-  if (game_over_) return;
   if (!vs_computer_ && is_dealer_) return;
   if (Checked(kSwitchem))
     StartSwitchemA();

@@ -88,14 +88,19 @@ void GameModel::StartTurnB() {
   if (vs_computer_) StartComputerTurn();
 }
 
-// Nothing belongs to side A while the computer moves, a special move is on show, or a result
-// waits to be acknowledged.
-#define BQ_REQUIRE_A_TURN()                                                                  \
-  if (!game_running_ || game_over_ || g_.turn_owner != kSideA || pending_ != Pending::kNone) \
-  return false
+// Clicks that do not belong to the turn: side A's cards while the opponent moves, and the piles
+// too when that opponent is a remote player or the computer in Learn Mode, whose move is then on
+// show. A result button being up stops nothing.
+bool GameModel::CardClickIgnored() const {
+  return !game_running_ || g_.turn_owner != kSideA || pending_ != Pending::kNone;
+}
+
+bool GameModel::PileClickIgnored() const {
+  return CardClickIgnored() && (!game_running_ || learn_mode_ || !vs_computer_);
+}
 
 bool GameModel::ClickDiscardPile() {
-  BQ_REQUIRE_A_TURN();
+  if (PileClickIgnored()) return false;
   PlayClick();
   lblDiscardPile.marked ^= 1;
   if (lblDrawPile.marked == 1 && lblDiscardPile.marked == 1) UnmarkCardsA();
@@ -115,7 +120,7 @@ bool GameModel::ClickDiscardPile() {
 }
 
 bool GameModel::ClickDrawPile() {
-  BQ_REQUIRE_A_TURN();
+  if (PileClickIgnored()) return false;
   // Looking at the Draw Pile card ends any special move that was being set up.
   if (selecting_ == Selecting::kSmackemA || selecting_ == Selecting::kTakemA) CancelSelection();
   PlayClick();
@@ -134,7 +139,7 @@ bool GameModel::ClickDrawPile() {
 }
 
 bool GameModel::ClickCardA(int slot) {
-  BQ_REQUIRE_A_TURN();
+  if (CardClickIgnored()) return false;
   auto& card = lblCardA[static_cast<size_t>(slot)];
   if (selecting_ == Selecting::kSwitchemA) {
     PlayClick();
@@ -161,7 +166,7 @@ bool GameModel::ClickCardA(int slot) {
 }
 
 bool GameModel::ClickCardB(int pos) {
-  BQ_REQUIRE_A_TURN();
+  if (CardClickIgnored()) return false;
   if (selecting_ != Selecting::kSmackemA && selecting_ != Selecting::kTakemA) return false;
   PlayClick();
   auto& card = lblCardB[static_cast<size_t>(pos)];
@@ -177,7 +182,7 @@ bool GameModel::ClickCardB(int pos) {
 
 // The card pop-up completes the same move as a pile click followed by a card click.
 bool GameModel::CardPopup(bool discard) {
-  BQ_REQUIRE_A_TURN();
+  if (CardClickIgnored() || game_over_) return false;
   const int slot = popup_slot_;
   popup_slot_ = 0;
   if (slot < 1 || slot > N() || selecting_ != Selecting::kNone) return false;
@@ -193,8 +198,6 @@ bool GameModel::CardPopup(bool discard) {
   CompleteMoveA();
   return true;
 }
-
-#undef BQ_REQUIRE_A_TURN
 
 void GameModel::CountMove(int side) {
   int& count = side == kSideA ? g_.move_count_a : g_.move_count_b;

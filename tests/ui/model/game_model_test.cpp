@@ -163,6 +163,26 @@ TEST(Game, AWinRecordsTheResultAndTheButtonLeadsBackToNewGame) {
   EXPECT_EQ(g.Field("TurnResult"), "0");
 }
 
+TEST(Game, AStackDealtInOrderWinsAndPlayStillBegins) {
+  for (bool switchem : {false, true}) {
+    SCOPED_TRACE(switchem);
+    Game g;
+    if (switchem) {
+      ASSERT_TRUE(g.Click("chkSwitchem"));
+    }
+    g.NewGameDealing(
+        {5, 15, 25, 35, 45, 55, 65, 75, 85, 95, 50, 40, 30, 20, 10, 60, 70, 80, 90, 100, 1}, 0.1f);
+    EXPECT_EQ(g.Field("TurnResult"), "1");
+    EXPECT_TRUE(g.C("cmdAWins").visible && g.C("cmdAWins").enabled);
+    if (switchem) {
+      EXPECT_TRUE(g.C("cmdSwitchemA").visible && g.C("cmdSwitchemA").enabled);
+    } else {
+      EXPECT_TRUE(g.C("lblDiscardPile").enabled && g.C("lblDrawPile").enabled);
+      EXPECT_TRUE(g.Click("lblDrawPile"));  // the first turn is the player's
+    }
+  }
+}
+
 TEST(Game, LearnModeWinRecordsNothingAndLeavesNoFile) {
   Game g("", 1920);
   ASSERT_TRUE(g.Click("optLearnModeOn"));

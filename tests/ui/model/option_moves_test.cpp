@@ -56,6 +56,20 @@ TEST(Switchem, FastModeCompletesOnTheSecondMarkAndLearnModeShowsTheComputersChoi
   EXPECT_FALSE(g.C("cmdSwitchemC").visible);
 }
 
+TEST(Switchem, TheComputersSwitchCanWinAndPlayStillBegins) {
+  Game g;
+  ASSERT_TRUE(g.Click("chkSwitchem"));
+  g.NewGameAFirst();
+  g.Set("Stacks(2)", "5 15 25 35 45 55 65 85 75 95");
+  ASSERT_TRUE(g.Click("lblCardA(1)"));
+  ASSERT_TRUE(g.Click("lblCardA(2)"));
+  ASSERT_TRUE(g.Click("cmdSwitchemA"));
+  EXPECT_EQ(Stack(g, 2), "5 15 25 35 45 55 65 75 85 95");
+  EXPECT_TRUE(g.C("cmdCWins").visible);
+  EXPECT_EQ(g.Field("TurnOwner"), "1");  // the first mover is drawn as ever
+  EXPECT_TRUE(g.C("lblDiscardPile").enabled && g.C("lblDrawPile").enabled);
+}
+
 // The computer's Switchem judges each trial on its own judgement, and play goes on from what the
 // last trial left. The computer moves first after the opening in both games.
 TEST(Switchem, TheComputerGoesOnFromItsLastTrial) {
