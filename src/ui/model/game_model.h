@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -209,7 +210,9 @@ class GameModel : public WindowModel {
   void SetupSmackemA();
   void SetupTakemA();
   void BeginPick(Selecting kind);
-  void FinishPick(Control& prompt, Control& setup, std::array<bool, 3>& used);
+  void FinishPick(Control& prompt, Control& setup, std::array<bool, 3>& used,
+                  std::initializer_list<int> changed);
+  void AbandonPick();
   void CancelSelection();
   void CompleteSmackemA();
   void CompleteTakemA();

@@ -68,16 +68,15 @@ void GameModel::SetupTakemA() {
   BeginPick(Selecting::kTakemA);
 }
 
-// Smackem picks two of the opponent's cards, Takem one of them and one of the player's own.
+// Smackem picks two of the opponent's cards, Takem one of them and one of the player's own. The
+// player may go straight on from one set-up to the other, and a marked Discard Pile stays marked.
 void GameModel::BeginPick(Selecting kind) {
   if (selecting_ == kind) return CancelSelection();
   const bool takem = kind == Selecting::kTakemA;
   selecting_ = kind;
   Control& prompt = takem ? cmdTakemA : cmdSmackemA;
   Hide(takem ? cmdSmackemA : cmdTakemA);
-  (takem ? cmdSetupSmackemA : cmdSetupTakemA).enabled = false;
   lblDiscardPile.enabled = false;
-  lblDiscardPile.marked = 0;
   takem_positions_ = {};
   for (int k = 1; k <= N(); ++k) {
     auto& a = lblCardA[static_cast<size_t>(k)];
@@ -95,10 +94,13 @@ void GameModel::BeginPick(Selecting kind) {
 }
 
 // A completed Smackem or Takem: used up and counted; the computer judges its changed Stack anew.
-void GameModel::FinishPick(Control& prompt, Control& setup, std::array<bool, 3>& used) {
+// Side B's labels stay on show as the set-up left them, the changed ones with their new faces.
+void GameModel::FinishPick(Control& prompt, Control& setup, std::array<bool, 3>& used,
+                           std::initializer_list<int> changed) {
   selecting_ = Selecting::kNone;
+  for (int p : changed)
+    lblCardB[static_cast<size_t>(p)].caption = CardFace(g_.Card(kSideB, g_.DisplayPos(p)));
   for (int k = 1; k <= N(); ++k) {
-    ShowCardB(k);
     lblCardB[static_cast<size_t>(k)].marked = 0;
     lblCardB[static_cast<size_t>(k)].enabled = false;
   }
@@ -107,12 +109,11 @@ void GameModel::FinishPick(Control& prompt, Control& setup, std::array<bool, 3>&
   used[kSideA] = true;
   CountMove(kSideA);
   if (vs_computer_) ResetComputerJudgement();
-  RefreshSlotVisibility();
   lblDiscardPile.enabled = lblDrawPile.enabled = false;
 }
 
-// A second press on the set-up button, or a look at the Draw Pile, abandons the special move.
-void GameModel::CancelSelection() {
+// The special move set up is not made: the opponent's cards go back to how they are shown.
+void GameModel::AbandonPick() {
   selecting_ = Selecting::kNone;
   Hide(cmdSmackemA);
   Hide(cmdTakemA);
@@ -121,6 +122,11 @@ void GameModel::CancelSelection() {
     lblCardB[static_cast<size_t>(k)].marked = 0;
   }
   RefreshSlotVisibility();
+}
+
+// A second press on the set-up button gives the ordinary turn back.
+void GameModel::CancelSelection() {
+  AbandonPick();
   StartTurnA();
 }
 
@@ -143,7 +149,7 @@ void GameModel::CompleteSmackemA() {
   special_positions_ = {0, p1, p2};
   // The clicked positions are screen positions; the Stack itself may be held reversed.
   std::swap(g_.Card(kSideB, g_.DisplayPos(p1)), g_.Card(kSideB, g_.DisplayPos(p2)));
-  FinishPick(cmdSmackemA, cmdSetupSmackemA, smackem_used_);
+  FinishPick(cmdSmackemA, cmdSetupSmackemA, smackem_used_, {p1, p2});
   // The mover hands over first, so the test looks at the Stack that was just changed.
   g_.turn_owner = kSideB;
   TestOneStack(g_, Backem());
@@ -165,7 +171,7 @@ void GameModel::CompleteTakemA() {
   std::swap(g_.Card(kSideA, a), g_.Card(kSideB, slot_b));
   ShowCardA(a);
   lblCardA[static_cast<size_t>(a)].marked = 0;
-  FinishPick(cmdTakemA, cmdSetupTakemA, takem_used_);
+  FinishPick(cmdTakemA, cmdSetupTakemA, takem_used_, {b});
   // Both Stacks changed, so both are tested: an exchange can put both in order at once.
   TestBothStacks(g_, Backem());
   NextTurnUnlessDecided(kSideB);

@@ -121,8 +121,10 @@ bool GameModel::ClickDiscardPile() {
 
 bool GameModel::ClickDrawPile() {
   if (PileClickIgnored()) return false;
-  // Looking at the Draw Pile card ends any special move that was being set up.
-  if (selecting_ == Selecting::kSmackemA || selecting_ == Selecting::kTakemA) CancelSelection();
+  // A special move set up can no longer be made once the card is seen; its prompt stays in view,
+  // disabled, and the Discard Pile stays out of reach.
+  if (selecting_ == Selecting::kSmackemA || selecting_ == Selecting::kTakemA)
+    selecting_ = Selecting::kNone;
   PlayClick();
   lblDiscardPile.marked = 0;
   lblDrawPile.caption = CardFace(g_.DrawTop());
@@ -158,9 +160,9 @@ bool GameModel::ClickCardA(int slot) {
   card.marked = 1;
   if (selecting_ == Selecting::kTakemA) {
     takem_positions_[1] = slot;
-    if (fast_mode_ && MarkedCount(lblCardB) == 1) CompleteTakemA();
-    return true;
+    if (fast_mode_ && MarkedCount(lblCardB) == 1) return CompleteTakemA(), true;
   }
+  // A Discard Pile marked before a Takem set-up makes an ordinary move ready as well.
   if (lblDiscardPile.marked == 1 || lblDrawPile.marked == 1) MoveReady();
   return true;
 }
@@ -252,6 +254,7 @@ void GameModel::CompleteMoveA() {
   lblDrawPile.caption = kFaceDown;
   cmdPlayA.enabled = false;
   UnmarkCardsA();
+  if (cmdSmackemA.visible || cmdTakemA.visible) AbandonPick();
   CountMove(kSideA);
   if (chosen_slot_ > 0) TestOneStack(g_, Backem());
   NextTurnUnlessDecided(kSideB);

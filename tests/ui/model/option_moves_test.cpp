@@ -199,6 +199,66 @@ TEST(Smackem, AWrongCountClearsTheMarksAndTheMoveIsOncePerGame) {
   EXPECT_EQ(g.Field("TurnOwner"), "2");  // the computer's move waits in Learn Mode
 }
 
+TEST(Smackem, SettingItUpLeavesTakemOnOfferAndTheOpponentsCardsStayOnShowAfterIt) {
+  Game g;
+  ASSERT_TRUE(g.Click("chkSmackem"));
+  ASSERT_TRUE(g.Click("chkTakem"));
+  g.NewGameAFirst();
+  g.Set("Stacks(2)", "50 40 30 20 10 90 80 70 60 100");
+  ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
+  ASSERT_TRUE(g.C("cmdSetupTakemA").enabled);
+  ASSERT_TRUE(g.Click("cmdSetupTakemA"));  // straight on to the other move
+  EXPECT_FALSE(g.C("cmdSmackemA").visible);
+  EXPECT_TRUE(g.C("cmdTakemA").visible);
+  ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
+  ASSERT_TRUE(g.Click("lblCardB(1)"));
+  ASSERT_TRUE(g.Click("lblCardB(5)"));
+  ASSERT_TRUE(g.Click("cmdSmackemA"));
+  // Face down as the set-up left them, but for the two cards that moved.
+  EXPECT_TRUE(g.C("lblCardB(2)").visible);
+  EXPECT_EQ(g.C("lblCardB(2)").caption, " ");
+  EXPECT_EQ(g.C("lblCardB(1)").caption, CardFace(10));
+  EXPECT_EQ(g.C("lblCardB(5)").caption, CardFace(50));
+}
+
+TEST(Smackem, LookingAtTheDrawPileDisablesTheSetUpAndGivesNoPass) {
+  Game g;
+  ASSERT_TRUE(g.Click("chkSmackem"));
+  ASSERT_TRUE(g.Click("chkTakem"));
+  ASSERT_TRUE(g.Click("optFastModeOn"));
+  g.NewGameAFirst();
+  g.Set("DrawCards", "44");
+  g.Set("DrawPos", "1");
+  ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
+  ASSERT_TRUE(g.Click("lblDrawPile"));
+  for (const char* name : {"cmdSetupSmackemA", "cmdSetupTakemA", "cmdSmackemA", "lblCardB(1)"})
+    EXPECT_FALSE(g.C(name).enabled) << name;
+  EXPECT_TRUE(g.C("cmdSmackemA").visible);
+  EXPECT_FALSE(g.Click("lblDiscardPile"));  // still out of reach: no pass
+  EXPECT_EQ(g.Field("MoveCountA"), "0");
+  ASSERT_TRUE(g.Click("lblCardA(4)"));
+  EXPECT_EQ(g.model.state().Card(kSideA, 4), 44);
+  EXPECT_FALSE(g.C("cmdSmackemA").visible);
+}
+
+TEST(Takem, AMarkedDiscardPileStaysMarkedAndACardMakesTheMoveReady) {
+  Game g;
+  ASSERT_TRUE(g.Click("chkTakem"));
+  g.NewGameAFirst();
+  g.Set("DiscardTop", "77");
+  ASSERT_TRUE(g.Click("lblDiscardPile"));
+  ASSERT_TRUE(g.Click("cmdSetupTakemA"));
+  EXPECT_EQ(g.C("lblDiscardPile").marked, 1);
+  EXPECT_FALSE(g.C("lblDiscardPile").enabled);
+  ASSERT_TRUE(g.Click("lblCardA(3)"));
+  EXPECT_TRUE(g.C("cmdPlayA").enabled);
+  EXPECT_EQ(g.model.Focus(), "cmdPlayA");
+  ASSERT_TRUE(g.Click("cmdPlayA"));
+  EXPECT_EQ(g.model.state().Card(kSideA, 3), 77);
+  EXPECT_FALSE(g.C("cmdTakemA").visible);
+  EXPECT_FALSE(g.C("lblCardB(1)").visible);  // the move not made, the cards are hidden again
+}
+
 TEST(Takem, AWrongCountKeepsTheMarksAndBothInOrderIsATie) {
   Game g;
   ASSERT_TRUE(g.Click("chkTakem"));
