@@ -70,18 +70,23 @@ TEST(Switchem, TheComputersSwitchCanWinAndPlayStillBegins) {
   EXPECT_TRUE(g.C("lblDiscardPile").enabled && g.C("lblDrawPile").enabled);
 }
 
-// The computer's Switchem judges each trial on its own judgement, and play goes on from what the
-// last trial left. The computer moves first after the opening in both games.
-TEST(Switchem, TheComputerGoesOnFromItsLastTrial) {
-  Game g;
+// Deals `top`, the player swaps its first two cards, and the computer moves first after the
+// opening.
+void OpenWithSwitchem(Game& g, const char* option, const std::vector<int>& top) {
   ASSERT_TRUE(g.Click("chkSwitchem"));
-  ASSERT_TRUE(g.Click("chkTakem"));
-  g.NewGameDealing({29, 3,  16, 33, 42, 62, 75, 17, 12, 77, 14, 20,
-                    80, 28, 97, 76, 65, 84, 24, 31, 21, 18, 36, 71},
-                   0.9f);
+  ASSERT_TRUE(g.Click(option));
+  g.NewGameDealing(top, 0.9f);
   ASSERT_TRUE(g.Click("lblCardA(1)"));
   ASSERT_TRUE(g.Click("lblCardA(2)"));
   ASSERT_TRUE(g.Click("cmdSwitchemA"));
+}
+
+// The computer's Switchem judges each trial on its own judgement, and play goes on from what the
+// last trial left.
+TEST(Switchem, TheComputerGoesOnFromItsLastTrial) {
+  Game g;
+  OpenWithSwitchem(g, "chkTakem", {29, 3,  16, 33, 42, 62, 75, 17, 12, 77, 14, 20,
+                                   80, 28, 97, 76, 65, 84, 24, 31, 21, 18, 36, 71});
   EXPECT_EQ(Stack(g, 2), "14 20 24 28 97 76 65 84 80 31");
   // Six slots settled, each counted once: not yet the end game for a Takem.
   EXPECT_EQ(g.Field("SettledCount"), "6");
@@ -89,14 +94,8 @@ TEST(Switchem, TheComputerGoesOnFromItsLastTrial) {
   EXPECT_TRUE(g.C("cmdCTakesNothing").visible);
 
   Game h;
-  ASSERT_TRUE(h.Click("chkSwitchem"));
-  ASSERT_TRUE(h.Click("chkBackem"));
-  h.NewGameDealing({8,  18, 25, 32, 44, 98, 17, 15, 48, 31, 60, 27,
-                    51, 13, 3,  42, 12, 47, 97, 58, 41, 33, 81, 45},
-                   0.9f);
-  ASSERT_TRUE(h.Click("lblCardA(1)"));
-  ASSERT_TRUE(h.Click("lblCardA(2)"));
-  ASSERT_TRUE(h.Click("cmdSwitchemA"));
+  OpenWithSwitchem(h, "chkBackem", {8,  18, 25, 32, 44, 98, 17, 15, 48, 31, 60, 27,
+                                    51, 13, 3,  42, 12, 47, 97, 58, 41, 33, 81, 45});
   EXPECT_EQ(h.Field("OpponentRowReversed"), "0");
   // The last trial judged the Stack reversed; with the marks it left, the 41 goes to slot 7.
   EXPECT_EQ(Stack(h, 2), "60 13 51 27 3 42 41 47 97 58");
