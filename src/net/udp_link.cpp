@@ -1,0 +1,108 @@
+#include "net/udp_link.h"
+
+#include <QAbstractSocket>
+#include <QDeadlineTimer>
+#include <QEventLoop>
+#include <QHostInfo>
+#include <QNetworkInterface>
+#include <QTimer>
+#include <QUdpSocket>
+
+#include "net/message.h"
+
+namespace bq::net {
+namespace {
+
+std::string BindFailure(const QUdpSocket& socket, long port) {
+  const std::string p = std::to_string(port);
+  switch (socket.error()) {
+    case QAbstractSocket::AddressInUseError:
+      return "Port " + p + " is already in use on this computer; choose another port.";
+    case QAbstractSocket::SocketAccessError:
+      return "Port " + p + " needs administrator privileges; choose a port from 1024 up.";
+    default:
+      return "Port " + p + " cannot be used: " + socket.errorString().toStdString();
+  }
+}
+
+}  // namespace
+
+UdpLink::UdpLink() = default;
+UdpLink::~UdpLink() = default;
+
+std::string UdpLink::Configure(const std::string& remote_host, long remote_port, long local_port) {
+  if (remote_port < 1 || remote_port > 65535)
+    return "The opponent's port must be a number from 1 to 65535.";
+  QList<QHostAddress> addresses;
+  QHostAddress literal;
+  if (literal.setAddress(QString::fromStdString(remote_host))) {
+    addresses.append(literal);
+  } else {
+    const QHostInfo info = QHostInfo::fromName(QString::fromStdString(remote_host));
+    addresses = info.addresses();
+    if (info.error() != QHostInfo::NoError || addresses.isEmpty())
+      return "The opponent's address \"" + remote_host + "\" was not found.";
+  }
+  if (!socket_) {
+    if (local_port < 1 || local_port > 65535) return "Your port must be a number from 1 to 65535.";
+    auto socket = std::make_unique<QUdpSocket>();
+    if (!socket->bind(QHostAddress::Any, static_cast<quint16>(local_port)))
+      return BindFailure(*socket, local_port);
+    connect(socket.get(), &QUdpSocket::readyRead, this, &UdpLink::ReadAll);
+    socket_ = std::move(socket);
+  }
+  remote_ = addresses;
+  remote_port_ = static_cast<quint16>(remote_port);
+  return "";
+}
+
+void UdpLink::Send(std::string_view message) {
+  if (!socket_ || remote_.isEmpty()) return;
+  socket_->writeDatagram(message.data(), static_cast<qint64>(message.size()), remote_.front(),
+                         remote_port_);
+}
+
+void UdpLink::ReadAll() {
+  char buffer[kMaxMessageLength + 1];
+  while (socket_ && socket_->hasPendingDatagrams()) {
+    const qint64 size = socket_->pendingDatagramSize();
+    if (size < 0 || size > static_cast<qint64>(kMaxMessageLength)) {
+      socket_->readDatagram(nullptr, 0);  // dropped unread
+      Drop();
+      continue;
+    }
+    QHostAddress sender;
+    quint16 port = 0;
+    const qint64 got = socket_->readDatagram(buffer, sizeof buffer, &sender, &port);
+    bool from_opponent = port == remote_port_;
+    if (from_opponent) {
+      from_opponent = false;
+      for (const QHostAddress& a : remote_)
+        from_opponent = from_opponent || a.isEqual(sender, QHostAddress::TolerantConversion);
+    }
+    if (got < 0 || !from_opponent) {
+      Drop();
+      continue;
+    }
+    Deliver(std::string(buffer, static_cast<size_t>(got)));
+  }
+}
+
+std::string UdpLink::LocalIP() const {
+  for (const QHostAddress& a : QNetworkInterface::allAddresses())
+    if (a.protocol() == QAbstractSocket::IPv4Protocol && !a.isLoopback())
+      return a.toString().toStdString();
+  return "127.0.0.1";
+}
+
+int UdpLink::LocalPort() const {
+  return socket_ ? socket_->localPort() : 0;
+}
+
+void RunEventsFor(int ms) {
+  QEventLoop loop;
+  QTimer::singleShot(ms, &loop, &QEventLoop::quit);
+  loop.exec();
+}
+
+}  // namespace bq::net
