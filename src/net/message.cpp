@@ -16,7 +16,7 @@ constexpr Kind kKinds[] = {
     {"invi", "Invitation sent", "Invitation received"},
     {"acce", "Acceptance sent", "Acceptance received"},
     {"reje", "Rejection sent", "Rejection received"},
-    {"setu", "Deal sent", "Deal received"},
+    {"setu", "Setup sent", "Setup received"},
     {"card", "Click on card in stack sent", ""},
     {"clea", "Clear cards in stack sent", ""},
     {"clic", "Click on Discard Pile card sent", ""},
