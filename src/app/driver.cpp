@@ -2,10 +2,13 @@
 
 #include <chrono>
 #include <iostream>
+#include <memory>
 #include <random>
 #include <string_view>
 
+#include "net/link.h"
 #include "ui/model/app_model.h"
+#include "ui/model/communicate_model.h"
 
 namespace bq {
 namespace {
@@ -23,6 +26,10 @@ class DriverPlatform : public Platform {
   void PlayClick() override { ++sounds_; }
   void Open(const std::string& target) override { out_ << "opened: " << target << '\n'; }
   void MessageBox(const std::string& text) override { out_ << "msgbox: " << text << '\n'; }
+  void CriticalBox(const std::string& text, const std::string& detail) override {
+    MessageBox(text);
+    std::cerr << "bramblequay: " << detail << '\n';
+  }
   int ScreenWidthPixels() override { return screen_width_; }
   void WindowOpened(const std::string& window) override { out_ << "open: " << window << '\n'; }
   void WindowClosed(const std::string& window) override { out_ << "closed: " << window << '\n'; }
@@ -34,6 +41,44 @@ class DriverPlatform : public Platform {
   std::mt19937 gen_;
   int screen_width_;
   int sounds_ = 0;
+};
+
+// A datagram as it travels; only bytes that would break the line are written \xNN.
+std::string Raw(const std::string& text) {
+  std::string out;
+  for (char c : text) {
+    const auto u = static_cast<unsigned char>(c);
+    if (u >= 0x20 && u < 0x7f && c != '\\') {
+      out += c;
+    } else {
+      static const char kHex[] = "0123456789abcdef";
+      out += "\\x";
+      out += kHex[u >> 4];
+      out += kHex[u & 15];
+    }
+  }
+  return out;
+}
+
+// The program's link with a line for every message that leaves.
+class PrintingLink : public net::Link {
+ public:
+  PrintingLink(std::ostream& out, net::Link& inner) : out_(out), inner_(inner) {
+    inner_.SetReceiver([this](const std::string& m) { Deliver(m); });
+  }
+  std::string Configure(const std::string& host, long remote_port, long local_port) override {
+    return inner_.Configure(host, remote_port, local_port);
+  }
+  void Send(std::string_view message) override {
+    out_ << "sent: " << Raw(std::string(message)) << '\n';
+    inner_.Send(message);
+  }
+  std::string LocalIP() const override { return inner_.LocalIP(); }
+  int LocalPort() const override { return inner_.LocalPort(); }
+
+ private:
+  std::ostream& out_;
+  net::Link& inner_;
 };
 
 std::string Quote(const std::string& text) {
@@ -67,7 +112,17 @@ class Driver {
   Driver(std::ostream& out, const DriverOptions& options)
       : out_(out),
         platform_(out, options.seed, options.screen_width),
-        app_(platform_, options.settings_path) {}
+        app_(platform_, options.settings_path),
+        wait_(options.wait) {
+    if (options.link != nullptr) {
+      link_ = std::make_unique<PrintingLink>(out, *options.link);
+      link_->SetReceiver([this](const std::string& m) {
+        out_ << "received: " << Raw(m) << '\n';
+        app_.Receive(m);
+      });
+      app_.SetLink(link_.get());
+    }
+  }
 
   int Run(std::istream& in) {
     app_.Load();
@@ -128,7 +183,9 @@ class Driver {
     } else if (command == "type") {
       std::string_view text;
       const std::string_view name = FirstWord(rest, text);
-      out_ << "error: no text box " << name << '\n';
+      const auto r = app_.Type(name, text);
+      if (r == AppModel::Result::kUnknown) out_ << "error: no text box " << name << '\n';
+      if (r == AppModel::Result::kIgnored) out_ << "ignored: " << name << '\n';
     } else if (command == "close") {
       const auto r = app_.Close(rest);
       if (r == AppModel::Result::kUnknown) out_ << "error: unknown window " << rest << '\n';
@@ -140,7 +197,10 @@ class Driver {
       } catch (...) {
         ms = -1;
       }
-      if (ms < 0) out_ << "error: wait takes milliseconds\n";
+      if (ms < 0)
+        out_ << "error: wait takes milliseconds\n";
+      else if (wait_)
+        wait_(ms);
     } else if (command == "show") {
       Show(rest);
     } else if (command == "get") {
@@ -165,6 +225,8 @@ class Driver {
   std::ostream& out_;
   DriverPlatform platform_;
   AppModel app_;
+  std::function<void(int)> wait_;
+  std::unique_ptr<PrintingLink> link_;
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "ui/model/about_model.h"
 #include "ui/model/how_to_model.h"
+#include "ui/model/communicate_model.h"
 #include "ui/model/stats_model.h"
 
 namespace bq {
@@ -11,7 +12,9 @@ AppModel::AppModel(Platform& platform, std::string settings_path)
       game_(platform, std::move(settings_path)),
       stats_(std::make_unique<StatsModel>(platform)),
       about_(std::make_unique<AboutModel>(platform)),
-      how_to_(std::make_unique<HowToModel>(platform)) {}
+      how_to_(std::make_unique<HowToModel>(platform)),
+      communicate_(std::make_unique<CommunicateModel>(platform, game_)),
+      invitation_(std::make_unique<InvitationModel>(platform, game_)) {}
 
 AppModel::~AppModel() = default;
 
@@ -29,6 +32,8 @@ WindowModel* AppModel::Window(std::string_view name) {
   if (name == "frmConfirmClearStats") return &stats_->Confirm();
   if (name == "frmAbout") return about_.get();
   if (name == "frmHowTo") return how_to_.get();
+  if (name == "frmCommunicate") return communicate_.get();
+  if (name == "frmInvitation") return invitation_.get();
   return nullptr;
 }
 
@@ -38,6 +43,8 @@ bool AppModel::IsOpen(std::string_view window) const {
   if (window == "frmConfirmClearStats") return stats_->Confirm().IsOpen();
   if (window == "frmAbout") return about_->IsOpen();
   if (window == "frmHowTo") return how_to_->IsOpen();
+  if (window == "frmCommunicate") return communicate_->IsOpen();
+  if (window == "frmInvitation") return invitation_->IsOpen();
   return false;
 }
 
@@ -75,6 +82,12 @@ AppModel::Result AppModel::Click(std::string_view full_name) {
     done = about_->Click(name);
   } else if (window == "frmHowTo") {
     done = false;  // pictures and a caption: nothing to click
+  } else if (window == "frmCommunicate") {
+    done = communicate_->Click(name);
+    AfterGameEvent();
+  } else if (window == "frmInvitation") {
+    done = invitation_->Click(name);
+    AfterGameEvent();
   } else {
     done = stats_->Confirm().Click(name);
   }
@@ -94,6 +107,20 @@ AppModel::Result AppModel::ClickBackground(bool ctrl_alt) {
   return game_.ClickBackground(ctrl_alt) ? Result::kDone : Result::kIgnored;
 }
 
+AppModel::Result AppModel::Type(std::string_view full_name, std::string_view text) {
+  const auto [window, name] = Split(full_name);
+  if (Find(full_name) == nullptr || window != "frmCommunicate" || name.substr(0, 3) != "txt")
+    return Result::kUnknown;
+  if (Modal()) return Result::kIgnored;
+  return communicate_->Type(name, text) ? Result::kDone : Result::kIgnored;
+}
+
+void AppModel::Receive(const std::string& message) {
+  if (game_.exited()) return;
+  game_.Receive(message);
+  AfterGameEvent();
+}
+
 AppModel::Result AppModel::Close(std::string_view window) {
   if (Window(window) == nullptr) return Result::kUnknown;
   if (!IsOpen(window)) return Result::kIgnored;
@@ -105,6 +132,8 @@ AppModel::Result AppModel::Close(std::string_view window) {
   }
   if (window == "frmAbout") return about_->Close() ? Result::kDone : Result::kIgnored;
   if (window == "frmHowTo") return how_to_->Close() ? Result::kDone : Result::kIgnored;
+  if (window == "frmCommunicate") return communicate_->Close() ? Result::kDone : Result::kIgnored;
+  if (window == "frmInvitation") return invitation_->Close() ? Result::kDone : Result::kIgnored;
   game_.Exit();
   CloseOthers();
   return Result::kDone;
@@ -116,11 +145,15 @@ void AppModel::CloseOthers() {
   if (stats_->IsOpen()) stats_->Close();
   about_->Close();
   how_to_->Close();
+  communicate_->Close();
+  invitation_->Close();
 }
 
 void AppModel::AfterGameEvent() {
   if (game_.TakeStatsRequest()) stats_->Open(game_.settings_path(), game_.vs_computer());
   if (game_.TakeAboutRequest()) about_->Open();
+  if (game_.TakeCommunicateRequest()) communicate_->Open();
+  if (game_.TakeInvitationRequest()) invitation_->Open();
   if (game_.exited()) CloseOthers();
 }
 

@@ -11,6 +11,8 @@ namespace bq {
 
 class AboutModel;
 class HowToModel;
+class CommunicateModel;
+class InvitationModel;
 class StatsModel;
 class ConfirmClearModel;
 
@@ -32,8 +34,16 @@ class AppModel {
   ConfirmClearModel& confirm();
   HowToModel& how_to() { return *how_to_; }
 
-  // "frmGame", "frmStats", "frmConfirmClearStats", "frmAbout", "frmHowTo"; nullptr for an
-  // unknown window.
+  CommunicateModel& communicate() { return *communicate_; }
+  InvitationModel& invitation() { return *invitation_; }
+
+  // The connection with the opponent, owned by the front end; datagrams from it go to Receive.
+  void SetLink(net::Link* link) { game_.SetLink(link); }
+  net::Link* link() const { return game_.link(); }
+  void Receive(const std::string& message);
+
+  // "frmGame", "frmStats", "frmConfirmClearStats", "frmAbout", "frmHowTo", "frmCommunicate",
+  // "frmInvitation"; nullptr for an unknown window.
   WindowModel* Window(std::string_view name);
   bool IsOpen(std::string_view window) const;
   // Splits "frmStats.cmdYes" into its window and control; a plain name is the game window's.
@@ -44,6 +54,8 @@ class AppModel {
   Result Click(std::string_view full_name);
   Result RightClick(std::string_view full_name);
   Result ClickBackground(bool ctrl_alt);
+  // Sets a text box's text, as typed; kUnknown for anything that is not a text box.
+  Result Type(std::string_view full_name, std::string_view text);
   // Closes a window by its frame; closing frmGame runs the exit sequence.
   Result Close(std::string_view window);
   bool exited() const { return game_.exited(); }
@@ -58,6 +70,8 @@ class AppModel {
   std::unique_ptr<StatsModel> stats_;
   std::unique_ptr<AboutModel> about_;
   std::unique_ptr<HowToModel> how_to_;
+  std::unique_ptr<CommunicateModel> communicate_;
+  std::unique_ptr<InvitationModel> invitation_;
 };
 
 }  // namespace bq

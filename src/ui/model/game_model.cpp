@@ -93,6 +93,12 @@ GameModel::GameModel(Platform& platform, std::string settings_path)
   Set(cmdTakemA, "Click 1 of your cards and 1 of your opponent's to swap them.  Then click here.");
   Set(cmdTakemB, "Opponent will swap 1 of your cards for 1 of his.  Click here to continue.");
   Set(cmdTakemC, "Computer will swap one of its cards for one of yours.  Click here to continue.");
+  Set(cmdQuitReceived, "Opponent has quit the game.  Click here to continue.");
+  Set(cmdExitReceived, "Opponent has exited the program.  Click here to continue.");
+  Set(cmdInvitationAccepted, "Invitation accepted.  Click here to continue.");
+  Set(cmdInvitationRejected, "Invitation rejected.  Click here to continue.");
+  Set(cmdInvitationIgnored, "Invitation ignored.  Click here to continue.");
+  Set(cmdClickHere, "Click here to continue.");
   Set(mnuFile, "File");
   Set(mnuFileNewGame, "Start &New Game");
   Set(mnuFileQuitGame, "&Quit This Game");
@@ -184,6 +190,12 @@ void GameModel::RegisterControls() {
   Register("cmdTakemA", cmdTakemA);
   Register("cmdTakemB", cmdTakemB);
   Register("cmdTakemC", cmdTakemC);
+  Register("cmdQuitReceived", cmdQuitReceived);
+  Register("cmdExitReceived", cmdExitReceived);
+  Register("cmdInvitationAccepted", cmdInvitationAccepted);
+  Register("cmdInvitationRejected", cmdInvitationRejected);
+  Register("cmdInvitationIgnored", cmdInvitationIgnored);
+  Register("cmdClickHere", cmdClickHere);
   Register("mnuFile", mnuFile);
   Register("mnuFileNewGame", mnuFileNewGame);
   Register("mnuFileQuitGame", mnuFileQuitGame);
@@ -329,6 +341,7 @@ bool GameModel::ClickControl(std::string_view name) {
   }
   if (c == &cmdQuit || c == &mnuFileQuitGame || c == &mnuPopupFileQuitGame) {
     if (c == &cmdQuit) PlayClick();
+    SendToOpponent(net::Quit{});
     QuitGame();
     return true;
   }
@@ -339,6 +352,11 @@ bool GameModel::ClickControl(std::string_view name) {
     return true;
   }
   if (c == &mnuHelpAbout || c == &mnuPopupHelpAbout) return about_requested_ = true, true;
+  if (c == &cmdSetupRemoteOpponent || c == &mnuSetupRemoteOpponent)
+    return communicate_requested_ = true, true;
+  for (Control* prompt : {&cmdInvitationAccepted, &cmdInvitationRejected, &cmdInvitationIgnored,
+                          &cmdQuitReceived, &cmdExitReceived, &cmdClickHere})
+    if (c == prompt) return AcknowledgePrompt(*prompt), true;
   if (c == &mnuPopupCardDiscard) return CardPopup(true);
   if (c == &mnuPopupCardDraw) return CardPopup(false);
   if (c == &lblDiscardPile) return ClickDiscardPile();
@@ -386,7 +404,7 @@ bool GameModel::ClickControl(std::string_view name) {
     (this->*a.run)();
     return true;
   }
-  return false;  // labels, headings, frames and the remote-opponent set-up take no clicks yet
+  return false;  // labels, headings and frames take no clicks
 }
 
 bool GameModel::RightClickControl(std::string_view name) {

@@ -9,6 +9,9 @@
 
 #include "ai/judgement.h"
 #include "engine/game_state.h"
+#include "net/link.h"
+#include "net/message.h"
+#include "net/session.h"
 #include "store/settings.h"
 #include "store/statistics.h"
 #include "ui/model/control.h"
@@ -54,6 +57,25 @@ class GameModel : public WindowModel {
   // Set by the Statistics and About commands; the application opens the window.
   bool TakeStatsRequest();
   bool TakeAboutRequest();
+  // Set when the opponent's invitation arrives, and by the Setup command; the application opens
+  // frmInvitation or frmCommunicate.
+  bool TakeInvitationRequest();
+  bool TakeCommunicateRequest();
+
+  // Network play. The link belongs to the front end; without one nothing is sent or received.
+  void SetLink(net::Link* link);
+  net::Link* link() const { return link_; }
+  std::string LocalIP() const;
+  // frmCommunicate's Send, with the texts as typed. On a failure the player is told why and
+  // false returned.
+  bool ConfigureConnection(std::string_view ip_b, std::string_view port_b, std::string_view port_a);
+  // frmCommunicate opened: panel 1 says so until a Send succeeds.
+  void ShowNoOpponentInformation();
+  // frmInvitation's Yes or No.
+  void AnswerInvitation(bool yes);
+  // A datagram from the opponent.
+  void Receive(const std::string& text);
+  const net::Session& session() const { return session_; }
 
   // Game values by the driver's names; nullopt for an unknown field.
   std::optional<std::string> GetField(std::string_view field) const;
@@ -94,6 +116,8 @@ class GameModel : public WindowModel {
   Control cmdCTakesDiscard, cmdCTakesDraw, cmdCTakesNothing, cmdBackemC;
   Control cmdSwitchemA, cmdSwitchemB, cmdSwitchemC, cmdSmackemA, cmdSmackemB, cmdSmackemC;
   Control cmdTakemA, cmdTakemB, cmdTakemC;
+  Control cmdInvitationAccepted, cmdInvitationRejected, cmdInvitationIgnored, cmdQuitReceived,
+      cmdExitReceived, cmdClickHere;
   Control mnuFile, mnuFileNewGame, mnuFileQuitGame, mnuFileExit;
   Control mnuOptions, mnuOptionsStackem, mnuOptionsBackem, mnuOptionsSwitchem, mnuOptionsSmackem,
       mnuOptionsTakem, mnuOptionsRandom, mnuVsComputer, mnuVsHuman, mnuSetupRemoteOpponent,
@@ -219,6 +243,35 @@ class GameModel : public WindowModel {
   void ApplySmackemB();
   void ApplyTakemB();
 
+  // Remote play (game_remote.cpp).
+  void SendToOpponent(const net::Message& m);
+  void RelayClick(const net::Message& m);  // only watched in Learn Mode
+  net::Moment Now() const;
+  void BadData(const std::string& text);
+  void OnMessage(const net::Invite&);
+  void OnMessage(const net::Accept&);
+  void OnMessage(const net::Reject&);
+  void OnMessage(const net::Deal& s);
+  void OnMessage(const net::CardClick& m);
+  void OnMessage(const net::ClearCards&);
+  void OnMessage(const net::DiscardClick&);
+  void OnMessage(const net::DiscardMove& m);
+  void OnMessage(const net::Look&);
+  void OnMessage(const net::DrawMove& m);
+  void OnMessage(const net::Pass&);
+  void OnMessage(const net::Switch& m);
+  void OnMessage(const net::Smack& m);
+  void OnMessage(const net::Take& m);
+  void OnMessage(const net::Quit&);
+  void OnMessage(const net::Exit&);
+  void AwaitFirstRemoteMove();
+  void PlayB(int slot, bool discard);
+  void SwitchemSent(int first, int second);
+  void OpponentGone(Control& prompt);
+  void EnableBetweenRemoteGames();
+  void AcknowledgePrompt(Control& prompt);
+  void BeginGameFlags();
+
   // Learn Mode display.
   void ToggleJudgementDisplay();
 
@@ -256,6 +309,12 @@ class GameModel : public WindowModel {
   bool exited_ = false;
   bool stats_requested_ = false;
   bool about_requested_ = false;
+  bool invitation_requested_ = false;
+  bool communicate_requested_ = false;
+  net::Link* link_ = nullptr;
+  net::Session session_;
+  std::string remote_host_;
+  bool remote_switch_awaited_ = false;
   bool warned_unwritable_ = false;
   bool sound_on_ = true;
   Selecting selecting_ = Selecting::kNone;

@@ -46,6 +46,7 @@ void GameModel::CompleteSwitchemA() {
   }
   UnmarkCardsA();
   if (first == 0 || second <= 0) {
+    RelayClick(net::ClearCards{});
     Prompt(cmdSwitchemA);  // not exactly two: pick again
     return;
   }
@@ -57,7 +58,10 @@ void GameModel::CompleteSwitchemA() {
   selecting_ = Selecting::kNone;
   CountMove(kSideA);
   lblDiscardPile.caption = CardFace(g_.discard_top);
-  if (vs_computer_) ComputerSwitchemChoice();
+  if (vs_computer_)
+    ComputerSwitchemChoice();
+  else
+    SwitchemSent(first, second);
 }
 
 void GameModel::SetupSmackemA() {
@@ -150,6 +154,7 @@ void GameModel::CompleteSmackemA() {
   // The clicked positions are screen positions; the Stack itself may be held reversed.
   std::swap(g_.Card(kSideB, g_.DisplayPos(p1)), g_.Card(kSideB, g_.DisplayPos(p2)));
   FinishPick(cmdSmackemA, cmdSetupSmackemA, smackem_used_, {p1, p2});
+  SendToOpponent(net::Smack{p1, p2});
   // The mover hands over first, so the test looks at the Stack that was just changed.
   g_.turn_owner = kSideB;
   TestOneStack(g_, Backem());
@@ -172,6 +177,7 @@ void GameModel::CompleteTakemA() {
   ShowCardA(a);
   lblCardA[static_cast<size_t>(a)].marked = 0;
   FinishPick(cmdTakemA, cmdSetupTakemA, takem_used_, {b});
+  SendToOpponent(net::Take{a, b});
   // Both Stacks changed, so both are tested: an exchange can put both in order at once.
   TestBothStacks(g_, Backem());
   NextTurnUnlessDecided(kSideB);

@@ -39,12 +39,35 @@ void GameModel::Load() {
   }
   lblDiscardPile.enabled = false;
   lblDrawPile.enabled = false;
-  for (Control* c :
-       {&cmdPlayA,     &cmdPlayB,         &cmdAWins,      &cmdBWins,         &cmdCWins,
-        &cmdBothWin,   &cmdCTakesDiscard, &cmdCTakesDraw, &cmdCTakesNothing, &cmdBackemC,
-        &cmdSwitchemA, &cmdSwitchemB,     &cmdSwitchemC,  &cmdSmackemA,      &cmdSmackemB,
-        &cmdSmackemC,  &cmdTakemA,        &cmdTakemB,     &cmdTakemC,        &cmdQuit,
-        &lblMoveCount, &lblMoveCountA,    &lblMoveCountB})
+  for (Control* c : {&cmdPlayA,
+                     &cmdPlayB,
+                     &cmdAWins,
+                     &cmdBWins,
+                     &cmdCWins,
+                     &cmdBothWin,
+                     &cmdCTakesDiscard,
+                     &cmdCTakesDraw,
+                     &cmdCTakesNothing,
+                     &cmdBackemC,
+                     &cmdSwitchemA,
+                     &cmdSwitchemB,
+                     &cmdSwitchemC,
+                     &cmdSmackemA,
+                     &cmdSmackemB,
+                     &cmdSmackemC,
+                     &cmdTakemA,
+                     &cmdTakemB,
+                     &cmdTakemC,
+                     &cmdQuit,
+                     &lblMoveCount,
+                     &lblMoveCountA,
+                     &lblMoveCountB,
+                     &cmdQuitReceived,
+                     &cmdExitReceived,
+                     &cmdInvitationAccepted,
+                     &cmdInvitationRejected,
+                     &cmdInvitationIgnored,
+                     &cmdClickHere})
     Hide(*c);
   mnuFileQuitGame.enabled = false;
   mnuPopupFileQuitGame.enabled = false;
@@ -163,7 +186,7 @@ void GameModel::SetVsHuman() {
   optVsHuman.value = mnuVsHuman.value = 1;
   if (opponent_name_.empty()) opponent_name_ = "Opponent";
   lblStackB.caption = opponent_name_ + "'s Stack";
-  StatusBar1[1].caption = opponent_name_;
+  StatusBar1[1].caption = opponent_setup_ ? "Opponent " + remote_host_ : opponent_name_;
   cmdSetupRemoteOpponent.enabled = mnuSetupRemoteOpponent.enabled = !opponent_setup_;
   cmdNew.enabled = mnuFileNewGame.enabled = mnuPopupFileNewGame.enabled = opponent_setup_;
 }
@@ -231,11 +254,6 @@ void GameModel::ResetComputerJudgement() {
 }
 
 void GameModel::NewGame() {
-  if (!vs_computer_) {
-    // Network play arrives with the connection dialog; until then there is nobody to invite.
-    platform_.MessageBox("Set up a connection with your opponent first.");
-    return;
-  }
   random_game_ = chkRandom.value == 1;
   if (random_game_) {
     for (int o = 0; o < kOptionCount; ++o) SetOptionChecked(Option(o), false);
@@ -247,14 +265,15 @@ void GameModel::NewGame() {
   ShuffleAndDeal(g_, platform_);
   news_base_ = g_;  // the computer's first move is told against the deal
   if (vs_computer_) ResetComputerJudgement();
-  smackem_used_ = {};
-  takem_used_ = {};
-  first_turn_ = true;
-  selecting_ = Selecting::kNone;
-  pending_ = Pending::kNone;
-  game_running_ = true;
-  game_over_ = false;
+  BeginGameFlags();
   LockControlsForGame();
+  if (!vs_computer_) {
+    // The deal is held until the invitation is answered; then it is sent and shown.
+    is_dealer_ = true;
+    session_.InvitationSent();
+    SendToOpponent(net::Invite{});
+    return;
+  }
   ShowDeal();
 }
 
@@ -325,7 +344,7 @@ void GameModel::ShowDeal() {
   // Play goes on whatever the test found; a result button may already be up.
   TestBothStacks(g_, Backem());
   EndIfDecided();
-  if (!vs_computer_ && is_dealer_) return;
+  if (!vs_computer_ && is_dealer_) return AwaitFirstRemoteMove();
   if (Checked(kSwitchem))
     StartSwitchemA();
   else
@@ -467,6 +486,7 @@ void GameModel::QuitGame() {
 
 void GameModel::Exit() {
   if (exited_) return;
+  if (remote_connected_) SendToOpponent(net::Exit{});
   Settings s = LoadSettings(settings_path_);
   SaveOrWarn(CurrentSettings(s));
   exited_ = true;

@@ -85,7 +85,11 @@ void GameModel::StartTurnB() {
     lblCardA[static_cast<size_t>(k)].marked = 0;
     lblCardB[static_cast<size_t>(k)].marked = 0;
   }
-  if (vs_computer_) StartComputerTurn();
+  if (vs_computer_) return StartComputerTurn();
+  for (int k = 1; k <= N(); ++k) {
+    ShowCardA(k);
+    ShowCardB(k);
+  }
 }
 
 // Clicks that do not belong to the turn: side A's cards while the opponent moves, and the piles
@@ -102,6 +106,7 @@ bool GameModel::PileClickIgnored() const {
 bool GameModel::ClickDiscardPile() {
   if (PileClickIgnored()) return false;
   PlayClick();
+  RelayClick(net::DiscardClick{});
   lblDiscardPile.marked ^= 1;
   if (lblDrawPile.marked == 1 && lblDiscardPile.marked == 1) UnmarkCardsA();
   if (lblDiscardPile.marked == 1) {
@@ -137,6 +142,7 @@ bool GameModel::ClickDrawPile() {
   for (Control* c : {&cmdSetupSmackemA, &cmdSetupTakemA, &cmdSmackemA, &cmdTakemA})
     c->enabled = false;
   if (!fast_mode_) Prompt(cmdPlayA);
+  RelayClick(net::Look{});
   return true;
 }
 
@@ -145,13 +151,18 @@ bool GameModel::ClickCardA(int slot) {
   auto& card = lblCardA[static_cast<size_t>(slot)];
   if (selecting_ == Selecting::kSwitchemA) {
     PlayClick();
+    RelayClick(net::CardClick{slot});
     card.marked ^= 1;
     if (fast_mode_ && MarkedCount(lblCardA) == 2) CompleteSwitchemA();
     return true;
   }
   if (selecting_ == Selecting::kSmackemA) return false;
-  if (lblDrawPile.marked == 1 && lblDiscardPile.marked == 1) lblDiscardPile.marked = 0;
+  if (lblDrawPile.marked == 1 && lblDiscardPile.marked == 1) {
+    lblDiscardPile.marked = 0;
+    RelayClick(net::DiscardClick{});
+  }
   PlayClick();
+  RelayClick(net::CardClick{slot});
   if (card.marked == 1) {
     card.marked = 0;
     return true;
@@ -235,11 +246,13 @@ void GameModel::CompleteMoveA() {
     if (lblDiscardPile.marked == 1) {
       g_.Card(kSideA, chosen_slot_) = g_.discard_top;
       DiscardReplaced(g_, replaced_card_);
+      SendToOpponent(net::DiscardMove{chosen_slot_});
     } else if (lblDrawPile.marked == 1) {
       g_.Card(kSideA, chosen_slot_) = g_.DrawTop();
       Bury(g_);
       DiscardReplaced(g_, replaced_card_);
       AdvanceDrawPile();
+      SendToOpponent(net::DrawMove{chosen_slot_});
     }
     ShowCardA(chosen_slot_);
     lblDiscardPile.caption = CardFace(g_.discard_top);
@@ -248,6 +261,7 @@ void GameModel::CompleteMoveA() {
     DiscardDrawn(g_);
     AdvanceDrawPile();
     lblDiscardPile.caption = CardFace(g_.discard_top);
+    SendToOpponent(net::Pass{});
   }
   lblDiscardPile.marked = lblDrawPile.marked = 0;
   lblDiscardPile.enabled = lblDrawPile.enabled = false;

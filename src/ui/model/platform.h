@@ -19,6 +19,11 @@ class Platform : public Rng {
   // How To Play, from any window: the help document. The front end makes sure something shows.
   void OpenHelp() { Open(kHelpDocument); }
   virtual void MessageBox(const std::string& text) = 0;
+  // A failure message box with the critical-error icon; `detail` says underneath what to change.
+  virtual void CriticalBox(const std::string& text, const std::string& detail) {
+    (void)detail;
+    MessageBox(text);
+  }
   virtual int ScreenWidthPixels() = 0;
   // A window of the program was shown or taken down (the front end shows or hides it).
   virtual void WindowOpened(const std::string& window) = 0;

@@ -18,6 +18,10 @@ class FakePlatform : public Platform {
   void PlayClick() override { ++clicks; }
   void Open(const std::string& target) override { opened.push_back(target); }
   void MessageBox(const std::string& text) override { messages.push_back(text); }
+  void CriticalBox(const std::string& text, const std::string& detail) override {
+    messages.push_back(text);
+    details.push_back(detail);
+  }
   int ScreenWidthPixels() override { return screen_width; }
   void WindowOpened(const std::string& w) override { windows.push_back("open " + w); }
   void WindowClosed(const std::string& w) override { windows.push_back("closed " + w); }
@@ -25,7 +29,7 @@ class FakePlatform : public Platform {
 
   int clicks = 0;
   int screen_width = 1920;
-  std::vector<std::string> opened, messages, windows, warnings;
+  std::vector<std::string> opened, messages, details, windows, warnings;
 
  private:
   ScriptedRng rng_;

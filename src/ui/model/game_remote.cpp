@@ -1,0 +1,337 @@
+// Play against a human at another copy of the program: the connection, the invitation, the deal
+// sent and received, and the opponent's moves replayed on side B through the same steps as a
+// local move. Which message is acceptable when is the session's business (net/session.h).
+#include "net/session.h"
+#include "ui/model/game_model.h"
+
+namespace bq {
+namespace {
+
+constexpr const char* kWinsockFailed = "Winsock failed to communicate with remote server";
+
+// A status bar panel shows text; bytes a label cannot show are shown as '?'.
+std::string Printable(std::string_view text) {
+  std::string out(text);
+  for (char& c : out)
+    if (static_cast<unsigned char>(c) < 0x20 || static_cast<unsigned char>(c) >= 0x7f) c = '?';
+  return out;
+}
+
+}  // namespace
+
+void GameModel::SetLink(net::Link* link) {
+  link_ = link;
+}
+
+std::string GameModel::LocalIP() const {
+  return link_ ? link_->LocalIP() : "127.0.0.1";
+}
+
+bool GameModel::ConfigureConnection(std::string_view ip_b, std::string_view port_b,
+                                    std::string_view port_a) {
+  const std::string host(net::Trim(ip_b));
+  const auto remote_port = net::ParsePort(port_b);
+  const bool bound = link_ != nullptr && link_->LocalPort() != 0;
+  const auto local_port = bound ? std::optional<long>(0) : net::ParsePort(port_a);
+  std::string why;
+  if (link_ == nullptr)
+    why = "This copy of the program has no network connection.";
+  else if (!remote_port)
+    why = "The opponent's port \"" + std::string(net::Trim(port_b)) + "\" is not a number.";
+  else if (!local_port)
+    why = "Your port \"" + std::string(net::Trim(port_a)) + "\" is not a number.";
+  else
+    why = link_->Configure(host, *remote_port, *local_port);
+  if (!why.empty()) {
+    platform_.CriticalBox(kWinsockFailed, why);
+    return false;
+  }
+  remote_host_ = host;
+  opponent_setup_ = true;
+  SetVsHuman();
+  return true;
+}
+
+void GameModel::ShowNoOpponentInformation() {
+  StatusBar1[1].caption = "No opponent information";
+}
+
+void GameModel::SendToOpponent(const net::Message& m) {
+  if (vs_computer_ || link_ == nullptr) return;
+  link_->Send(net::Encode(m));
+  StatusBar1[3].caption = StatusBar1[2].caption;
+  StatusBar1[2].caption = net::SentText(m);
+}
+
+void GameModel::RelayClick(const net::Message& m) {
+  if (learn_mode_) SendToOpponent(m);
+}
+
+net::Moment GameModel::Now() const {
+  net::Moment now;
+  now.in_game = game_running_ && !game_over_;
+  now.awaiting_switch = remote_switch_awaited_;
+  now.awaiting_move = g_.turn_owner == kSideB && pending_ == Pending::kNone &&
+                      selecting_ == Selecting::kNone && !remote_switch_awaited_;
+  now.smackem_open = Checked(kSmackem) && !smackem_used_[kSideB];
+  now.takem_open = Checked(kTakem) && !takem_used_[kSideB];
+  return now;
+}
+
+void GameModel::Receive(const std::string& text) {
+  if (vs_computer_) return BadData(text);
+  const auto decoded = net::Decode(text, {N(), g_.draw_count});
+  if (!decoded || !session_.Accepts(*decoded, Now())) return BadData(text);
+  const net::Message& m = *decoded;
+  if (!net::IsRelayedClick(m)) {
+    StatusBar1[4].caption = Printable(text);
+    if (!std::holds_alternative<net::Invite>(m)) StatusBar1[3].caption = StatusBar1[2].caption;
+    StatusBar1[2].caption = net::ReceivedText(m);
+  }
+  std::visit([this](const auto& msg) { OnMessage(msg); }, m);
+}
+
+void GameModel::BadData(const std::string& text) {
+  StatusBar1[4].caption = Printable(text);
+  StatusBar1[3].caption = StatusBar1[2].caption;
+  StatusBar1[2].caption = net::kBadData;
+}
+
+void GameModel::OnMessage(const net::Invite&) {
+  session_.InvitationReceived();
+  // Each dismissed prompt ends the game it belonged to, which offers New Game again.
+  for (Control* prompt : {&cmdInvitationRejected, &cmdClickHere, &cmdQuitReceived})
+    if (prompt->visible) AcknowledgePrompt(*prompt);
+  cmdNew.enabled = mnuFileNewGame.enabled = mnuPopupFileNewGame.enabled = false;
+  invitation_accepted_ = false;
+  remote_connected_ = true;
+  invitation_requested_ = true;
+}
+
+void GameModel::AnswerInvitation(bool yes) {
+  SendToOpponent(yes ? net::Message(net::Accept{}) : net::Message(net::Reject{}));
+  invitation_accepted_ = yes;
+  is_dealer_ = !yes;
+}
+
+void GameModel::OnMessage(const net::Accept&) {
+  session_.AnswerReceived();
+  net::Deal s;
+  for (int o = 0; o < kOptionCount; ++o) s.options[static_cast<size_t>(o)] = Checked(Option(o));
+  s.options[5] = chkRandom.value == 1;
+  s.fast_mode = fast_mode_;
+  s.learn_mode = learn_mode_;
+  s.stack_size = N();
+  s.draw_count = g_.draw_count;
+  for (int k = 1; k <= N(); ++k) {
+    s.receiver_stack[static_cast<size_t>(k - 1)] = g_.Card(kSideB, k);
+    s.sender_stack[static_cast<size_t>(k - 1)] = g_.Card(kSideA, k);
+  }
+  s.discard = g_.discard_top;
+  for (int m = 1; m <= g_.draw_count; ++m)
+    s.draw[static_cast<size_t>(m - 1)] = g_.draw_cards[static_cast<size_t>(m)];
+  SendToOpponent(s);
+  Hide(cmdInvitationRejected);
+  cmdQuit.enabled = mnuFileQuitGame.enabled = mnuPopupFileQuitGame.enabled = true;
+  ShowDeal();
+}
+
+void GameModel::OnMessage(const net::Reject&) {
+  session_.AnswerReceived();
+  Prompt(cmdInvitationRejected);
+}
+
+void GameModel::OnMessage(const net::Deal& s) {
+  StatusBar1[4].caption = net::Encode(s).substr(42, 20);
+  is_dealer_ = false;
+  // The options as the dealer had them. Random is only marked: its setter would clear the five.
+  chkRandom.value = mnuOptionsRandom.value = s.options[5];
+  random_game_ = s.options[5];
+  for (int o = 0; o < kOptionCount; ++o)
+    if (Checked(Option(o)) != s.options[static_cast<size_t>(o)])
+      SetOptionChecked(Option(o), s.options[static_cast<size_t>(o)]);
+  SetFastMode(s.fast_mode);
+  SetLearnMode(s.learn_mode);
+  for (int k = 1; k <= N(); ++k) {
+    g_.Card(kSideA, k) = s.receiver_stack[static_cast<size_t>(k - 1)];
+    g_.Card(kSideB, k) = s.sender_stack[static_cast<size_t>(k - 1)];
+  }
+  g_.discard_top = s.discard;
+  for (int m = 1; m <= g_.draw_count; ++m)
+    g_.draw_cards[static_cast<size_t>(m)] = s.draw[static_cast<size_t>(m - 1)];
+  g_.draw_pos = 1;
+  g_.buried_count = 0;
+  g_.turn_result = kUndecided;
+  g_.move_count_a = g_.move_count_b = 0;
+  g_.opponent_row_reversed = false;
+  BeginGameFlags();
+  for (Control* c : {&cmdInvitationRejected, &cmdClickHere, &cmdQuitReceived, &cmdExitReceived})
+    Hide(*c);
+  LockControlsForGame();
+  ShowDeal();
+}
+
+// The dealer has shown its deal; the invited side moves first, opening with its Switchem if any.
+void GameModel::AwaitFirstRemoteMove() {
+  lblDiscardPile.caption = CardFace(g_.discard_top);
+  lblDrawPile.caption = kFaceDown;
+  lblDiscardPile.enabled = lblDrawPile.enabled = false;
+  remote_switch_awaited_ = Checked(kSwitchem);
+  StartTurnB();
+}
+
+void GameModel::OnMessage(const net::CardClick& m) {
+  PlayClick();
+  auto& card = lblCardB[static_cast<size_t>(g_.DisplayPos(m.slot))];
+  card.marked ^= 1;
+  if (remote_switch_awaited_) return;  // a Switchem pick marks two cards
+  for (int p = 1; p <= N(); ++p)
+    if (&lblCardB[static_cast<size_t>(p)] != &card) lblCardB[static_cast<size_t>(p)].marked = 0;
+}
+
+void GameModel::OnMessage(const net::ClearCards&) {
+  PlayClick();
+  for (int p = 1; p <= N(); ++p) lblCardB[static_cast<size_t>(p)].marked = 0;
+}
+
+void GameModel::OnMessage(const net::DiscardClick&) {
+  PlayClick();
+  lblDiscardPile.marked ^= 1;
+}
+
+void GameModel::OnMessage(const net::Look&) {
+  PlayClick();
+  lblDrawPile.caption = CardFace(g_.DrawTop());
+  lblDrawPile.marked = 1;
+}
+
+void GameModel::OnMessage(const net::DiscardMove& m) {
+  PlayClick();
+  PlayB(m.slot, true);
+}
+
+void GameModel::OnMessage(const net::DrawMove& m) {
+  PlayClick();
+  PlayB(m.slot, false);
+}
+
+void GameModel::OnMessage(const net::Pass&) {
+  PlayClick();
+  PlayB(0, false);
+}
+
+// cmdPlayB: the opponent's completed pile move, as side A's is completed on its own screen.
+void GameModel::PlayB(int slot, bool discard) {
+  g_.turn_owner = kSideB;
+  if (slot > 0) {
+    const int replaced = g_.Card(kSideB, slot);
+    if (discard) {
+      g_.Card(kSideB, slot) = g_.discard_top;
+    } else {
+      g_.Card(kSideB, slot) = g_.DrawTop();
+      Bury(g_);
+    }
+    DiscardReplaced(g_, replaced);
+    if (!discard) AdvanceDrawPile();
+    ShowCardB(slot);
+  } else {
+    Bury(g_);
+    DiscardDrawn(g_);
+    AdvanceDrawPile();
+  }
+  lblDiscardPile.caption = CardFace(g_.discard_top);
+  lblDrawPile.caption = kFaceDown;
+  lblDiscardPile.marked = lblDrawPile.marked = 0;
+  for (int p = 1; p <= N(); ++p) lblCardB[static_cast<size_t>(p)].marked = 0;
+  Hide(cmdPlayB);
+  EndOfMoveB();
+}
+
+void GameModel::SwitchemSent(int first, int second) {
+  SendToOpponent(net::Switch{first, second});
+  g_.turn_owner = kSideB;
+  if (!is_dealer_) {
+    // The invited side switched first; the dealer's Switchem comes next.
+    remote_switch_awaited_ = true;
+    StartTurnB();
+    return;
+  }
+  TestBothStacks(g_, Backem());
+  EndIfDecided();
+  if (!game_over_) StartTurnB();
+}
+
+void GameModel::OnMessage(const net::Switch& m) {
+  PlayClick();
+  remote_switch_awaited_ = false;
+  std::swap(g_.Card(kSideB, m.pos1), g_.Card(kSideB, m.pos2));
+  ShowCardB(m.pos1);
+  ShowCardB(m.pos2);
+  for (int p = 1; p <= N(); ++p) lblCardB[static_cast<size_t>(p)].marked = 0;
+  CountMove(kSideB);
+  if (is_dealer_) return StartSwitchemA();
+  TestBothStacks(g_, Backem());
+  EndIfDecided();
+  if (!game_over_) StartOfPlay();
+}
+
+void GameModel::OnMessage(const net::Smack& m) {
+  AnnounceSmackemB(m.pos1, m.pos2);
+}
+
+void GameModel::OnMessage(const net::Take& m) {
+  AnnounceTakemB(m.own, m.other);
+}
+
+void GameModel::OnMessage(const net::Quit&) {
+  OpponentGone(cmdQuitReceived);
+}
+
+void GameModel::OnMessage(const net::Exit&) {
+  OpponentGone(cmdExitReceived);
+}
+
+void GameModel::OpponentGone(Control& prompt) {
+  session_.AnswerReceived();
+  QuitGame();
+  EnableBetweenRemoteGames();
+  Prompt(prompt);
+}
+
+void GameModel::EnableBetweenRemoteGames() {
+  for (Control* c : {&cmdNew, &mnuFileNewGame, &mnuPopupFileNewGame, &optVsComputer, &mnuVsComputer,
+                     &optVsHuman, &mnuVsHuman, &cmdSetupRemoteOpponent, &mnuSetupRemoteOpponent})
+    c->enabled = true;
+}
+
+// The six network prompts: each hides itself; most end the game.
+void GameModel::AcknowledgePrompt(Control& prompt) {
+  Hide(prompt);
+  if (&prompt == &cmdQuitReceived || &prompt == &cmdExitReceived) {
+    EnableBetweenRemoteGames();
+    if (&prompt == &cmdExitReceived) SetVsComputer();
+    return;
+  }
+  if (&prompt != &cmdInvitationAccepted) QuitGame();
+}
+
+void GameModel::BeginGameFlags() {
+  smackem_used_ = {};
+  takem_used_ = {};
+  first_turn_ = true;
+  selecting_ = Selecting::kNone;
+  pending_ = Pending::kNone;
+  remote_switch_awaited_ = false;
+  game_running_ = true;
+  game_over_ = false;
+}
+
+bool GameModel::TakeInvitationRequest() {
+  return std::exchange(invitation_requested_, false);
+}
+
+bool GameModel::TakeCommunicateRequest() {
+  return std::exchange(communicate_requested_, false);
+}
+
+}  // namespace bq

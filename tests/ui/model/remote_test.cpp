@@ -1,0 +1,291 @@
+// Two copies of the game over the in-memory link: the invitation, the deal, whole games with
+// every option, quitting and exiting, and messages that must change nothing.
+#include "ui/model/remote_test.h"
+
+#include <random>
+
+#include "store/settings.h"
+#include "ui/model/communicate_model.h"
+
+namespace bq {
+namespace {
+
+using test::Copy;
+using test::Match;
+
+std::string Card(char side, int k) {
+  return std::string("lblCard") + side + "(" + std::to_string(k) + ")";
+}
+
+// The two copies see one game: my Stack is the other's opponent Stack, the piles are the same.
+void ExpectAgreement(const Copy& a, const Copy& b) {
+  const GameState& x = a.app.game().state();
+  const GameState& y = b.app.game().state();
+  ASSERT_EQ(x.stack_size, y.stack_size);
+  for (int k = 1; k <= x.stack_size; ++k) {
+    ASSERT_EQ(x.Card(kSideA, k), y.Card(kSideB, k)) << "slot " << k;
+    ASSERT_EQ(x.Card(kSideB, k), y.Card(kSideA, k)) << "slot " << k;
+  }
+  ASSERT_EQ(x.discard_top, y.discard_top);
+  ASSERT_EQ(x.draw_pos, y.draw_pos);
+  ASSERT_EQ(x.DrawTop(), y.DrawTop());
+  ASSERT_EQ(x.move_count_a, y.move_count_b);
+  ASSERT_EQ(x.move_count_b, y.move_count_a);
+}
+
+// Plays one copy's side through its own controls, reacting to what it sees.
+class Player {
+ public:
+  Player(Copy& c, unsigned seed) : c_(c), rng_(seed) {}
+
+  // One decision, or false when there is nothing for this side to do.
+  bool Step() {
+    for (const char* ack : {"cmdSmackemB", "cmdTakemB"})
+      if (c_.Up(ack)) return c_.Click(ack);
+    const GameState& s = c_.app.game().state();
+    const int n = s.stack_size;
+    if (c_.Up("cmdSwitchemA")) {
+      const int a = Slot(n);
+      c_.Click(Card('A', a));
+      c_.Click(Card('A', a % n + 1));
+      if (c_.Up("cmdSwitchemA")) c_.Click("cmdSwitchemA");
+      return true;
+    }
+    if (s.turn_owner != kSideA || !c_.Up("lblDiscardPile")) return false;
+    if (c_.Up("cmdSetupSmackemA") && Chance(0.05)) return Special("cmdSetupSmackemA", false);
+    if (c_.Up("cmdSetupTakemA") && Chance(0.05)) return Special("cmdSetupTakemA", true);
+    const int k = Ideal(s, s.discard_top);
+    if (!Fits(s, k)) return Move("lblDiscardPile", k);
+    c_.Click("lblDrawPile");
+    const int draw_slot = Ideal(s, s.DrawTop());
+    if (!Fits(s, draw_slot)) return Move(nullptr, draw_slot);
+    return c_.Click(c_.app.game().fast_mode() ? "lblDiscardPile" : "cmdPlayA");
+  }
+
+ private:
+  int Slot(int n) { return std::uniform_int_distribution<int>(1, n)(rng_); }
+  bool Chance(double p) { return std::uniform_real_distribution<double>(0, 1)(rng_) < p; }
+  static int Ideal(const GameState& s, int card) { return (card - 1) / s.slot_span + 1; }
+  static bool Fits(const GameState& s, int k) { return Ideal(s, s.Card(kSideA, k)) == k; }
+
+  bool Move(const char* pile, int slot) {
+    if (pile) c_.Click(pile);
+    c_.Click(Card('A', slot));
+    if (c_.Up("cmdPlayA")) c_.Click("cmdPlayA");
+    return true;
+  }
+  bool Special(const char* setup, bool takem) {
+    c_.Click(setup);
+    const int n = c_.app.game().state().stack_size;
+    const int b = Slot(n);
+    if (takem) c_.Click(Card('A', Slot(n)));
+    c_.Click(Card('B', b));
+    if (!takem) c_.Click(Card('B', b % n + 1));
+    for (const char* done : {"cmdSmackemA", "cmdTakemA"})
+      if (c_.Up(done)) c_.Click(done);
+    return true;
+  }
+
+  Copy& c_;
+  std::mt19937 rng_;
+};
+
+TEST(Remote, WholeGamesWithEveryOptionEndAlikeOnBothCopies) {
+  const char* boxes[] = {"chkStackem", "chkBackem", "chkSwitchem",
+                         "chkSmackem", "chkTakem",  "chkRandom"};
+  int results[4] = {};
+  for (unsigned seed = 0; seed < 192; ++seed) {
+    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    Match m(seed);
+    // Random clears the five; ticking Stackem first would leave a 59-card Draw Pile on one copy
+    // only, and the other copy would refuse the deal as bad data.
+    const unsigned options = seed & 32u ? 32u : seed % 64;
+    for (int o = 0; o < 6; ++o)
+      if (options & (1u << o)) {
+        ASSERT_TRUE(m.a.Click(boxes[o]));
+      }
+    const unsigned mode = seed / 64;
+    if (mode > 0) {
+      ASSERT_TRUE(m.a.Click(mode == 1 ? "optFastModeOn" : "optLearnModeOn"));
+    }
+    m.Start();
+    // The dealer's options and modes hold on both copies.
+    for (const char* box : boxes) ASSERT_EQ(m.a.C(box).value, m.b.C(box).value) << box;
+    ASSERT_EQ(m.b.Field("FastMode"), mode == 1 ? "1" : "0");
+    ASSERT_EQ(m.b.Field("LearnMode"), mode == 2 ? "1" : "0");
+    Player pa(m.a, seed), pb(m.b, seed + 7);
+    int steps = 0;
+    while (m.a.Field("TurnResult") == "0" && steps++ < 4000) {
+      const bool moved = pa.Step() || pb.Step();
+      m.Pump();
+      ASSERT_TRUE(moved) << "both copies wait";
+      if (!m.a.Up("cmdSmackemB") && !m.a.Up("cmdTakemB") && !m.b.Up("cmdSmackemB") &&
+          !m.b.Up("cmdTakemB"))
+        ExpectAgreement(m.a, m.b);
+      if (testing::Test::HasFatalFailure()) return;
+    }
+    const int ra = std::stoi(m.a.Field("TurnResult")), rb = std::stoi(m.b.Field("TurnResult"));
+    ASSERT_GE(ra, 1) << "no result after " << steps << " steps";
+    ASSERT_EQ(rb, ra == kTie ? kTie : 3 - ra);
+    ++results[ra];
+    const char* button_a = ra == kTie ? "cmdBothWin" : ra == kAInOrder ? "cmdAWins" : "cmdBWins";
+    const char* button_b = ra == kTie ? "cmdBothWin" : ra == kAInOrder ? "cmdBWins" : "cmdAWins";
+    ASSERT_TRUE(m.a.Click(button_a));
+    ASSERT_TRUE(m.b.Click(button_b));
+    EXPECT_TRUE(m.a.Up("cmdNew"));
+    // Results count against humans, except in Learn Mode.
+    const GameStats sa = LoadSettings(m.a.file.path()).stats[kVsHumans];
+    const GameStats sb = LoadSettings(m.b.file.path()).stats[kVsHumans];
+    const int counted = mode == 2 ? 0 : 1;
+    EXPECT_EQ(sa.wins[7] + sa.losses[7] + sa.ties[7], counted);
+    EXPECT_EQ(sa.wins[7], sb.losses[7]);
+    EXPECT_EQ(sa.ties[7], sb.ties[7]);
+    EXPECT_EQ(LoadSettings(m.a.file.path()).stats[kVsComputer], GameStats{});
+  }
+  EXPECT_GT(results[kAInOrder], 0);
+  EXPECT_GT(results[kBInOrder], 0);
+}
+
+TEST(Remote, TheStatusBarTellsWhatWasSentAndReceived) {
+  Match m;
+  EXPECT_EQ(m.a.Panel(1), "Opponent 127.0.0.1");
+  EXPECT_EQ(m.a.C("lblStackB").caption, "Opponent's Stack");
+  m.Start();
+  EXPECT_EQ(m.a.Panel(2), "Setup sent");
+  EXPECT_EQ(m.a.Panel(3), "Acceptance received");
+  EXPECT_EQ(m.a.Panel(4), "acce");
+  EXPECT_EQ(m.b.Panel(2), "Setup received");
+  EXPECT_EQ(m.b.Panel(3), "Acceptance sent");
+  EXPECT_EQ(m.b.Panel(4).size(), 20u);  // a deal is too long: the panel shows a part
+  EXPECT_TRUE(m.a.Up("cmdQuit"));
+  EXPECT_FALSE(m.b.Up("cmdQuit"));  // the invited side cannot quit: as designed
+  // The invited side moves first; the dealer waits with its cards out of reach.
+  EXPECT_EQ(m.b.Field("TurnOwner"), "1");
+  EXPECT_FALSE(m.a.Click("lblDiscardPile"));
+  ASSERT_TRUE(m.b.Click("lblDiscardPile"));
+  ASSERT_TRUE(m.b.Click("lblCardA(3)"));
+  ASSERT_TRUE(m.b.Click("cmdPlayA"));
+  EXPECT_EQ(m.b.Panel(2), "Move sent - Discard");
+  EXPECT_EQ(m.b.Panel(3), "Setup received");
+  m.Pump();
+  EXPECT_EQ(m.a.Panel(2), "Move received - Discard");
+  EXPECT_EQ(m.a.Panel(4), "disc 3");
+  EXPECT_EQ(m.a.Field("MoveCountB"), "1");
+  EXPECT_EQ(m.a.platform.clicks, 2);  // New Game, and the move that arrived
+  ExpectAgreement(m.a, m.b);
+}
+
+TEST(Remote, MessagesOutOfTurnOrFromStrangersChangeNothing) {
+  Match m;
+  m.Start();
+  const std::string before = m.a.app.game().state().ToString();
+  // The dealer waits for b's move: its own kind of move from b's port is fine, but not a deal,
+  // not a second answer, not a Switchem with the option off, not a slot beyond the Stack.
+  for (const char* bad :
+       {"acce", "swit 1 2", "smac 1 2", "take 1 2", "disc11", "disc 11", "SMAC", "pa", "disc\n7"}) {
+    m.link_a->Arrive("127.0.0.1", 1002, bad);
+    m.Pump();
+    EXPECT_EQ(m.a.Panel(2), "Bad data received") << bad;
+  }
+  EXPECT_EQ(m.a.Panel(4), "disc?7");
+  m.link_a->Arrive("127.0.0.1", 1002, net::Encode(net::Deal{}));
+  m.Pump();
+  EXPECT_EQ(m.a.Panel(2), "Bad data received");
+  // Strangers are not heard at all.
+  m.link_a->Arrive("10.1.2.3", 1002, "quit");
+  m.link_a->Arrive("127.0.0.1", 4444, "quit");
+  m.link_a->Arrive("127.0.0.1", 1002, std::string(net::kMaxMessageLength + 1, ' '));
+  EXPECT_EQ(m.Pump(), 0);
+  EXPECT_EQ(m.link_a->dropped(), 3);
+  EXPECT_EQ(m.a.app.game().state().ToString(), before);
+  EXPECT_FALSE(m.a.Up("cmdQuitReceived"));
+  // Moves out of turn on the side that is to move.
+  m.link_b->Arrive("127.0.0.1", 1001, "disc 2");
+  m.Pump();
+  EXPECT_EQ(m.b.Panel(2), "Bad data received");
+  EXPECT_EQ(m.b.Field("MoveCountB"), "0");
+}
+
+TEST(Remote, RejectionQuitAndExitEachLeaveAWayBack) {
+  Match m;
+  ASSERT_TRUE(m.a.Click("cmdNew"));
+  m.Pump();
+  EXPECT_FALSE(m.b.Up("cmdNew"));
+  EXPECT_EQ(m.b.Panel(2), "Invitation received");
+  ASSERT_TRUE(m.b.Click("frmInvitation.cmdNo"));
+  EXPECT_EQ(m.b.Field("IsDealer"), "1");
+  m.Pump();
+  ASSERT_TRUE(m.a.Up("cmdInvitationRejected"));
+  EXPECT_EQ(m.a.C("cmdInvitationRejected").caption,
+            "Invitation rejected.  Click here to continue.");
+  ASSERT_TRUE(m.a.Click("cmdInvitationRejected"));
+  EXPECT_TRUE(m.a.Up("cmdNew"));
+
+  m.Start();
+  ASSERT_TRUE(m.a.Click("cmdQuit"));
+  m.Pump();
+  ASSERT_TRUE(m.b.Up("cmdQuitReceived"));
+  EXPECT_TRUE(m.b.Up("cmdNew"));
+  EXPECT_TRUE(m.b.Up("optVsComputer"));
+  EXPECT_TRUE(m.b.Up("cmdSetupRemoteOpponent"));
+  // A new invitation dismisses the prompt that is still up, and New Game waits for the answer.
+  m.Start();
+  EXPECT_FALSE(m.b.C("cmdQuitReceived").visible);
+  EXPECT_FALSE(m.b.Up("cmdNew"));
+  ASSERT_TRUE(m.a.Click("cmdQuit"));
+  m.Pump();
+  ASSERT_TRUE(m.b.Click("cmdQuitReceived"));
+  EXPECT_TRUE(m.b.Up("cmdNew"));
+
+  // Only a copy that was invited announces its exit; the other then plays the computer again.
+  ASSERT_EQ(m.a.app.Close("frmGame"), AppModel::Result::kDone);
+  EXPECT_EQ(m.link_a->waiting(), 0);
+  ASSERT_EQ(m.b.app.Close("frmGame"), AppModel::Result::kDone);
+  EXPECT_EQ(m.link_a->waiting(), 1);
+  Copy c(9);
+  auto [lc, ld] = net::MemoryLink::Pair();
+  Match::Join(c, *lc, "1001", "1002");
+  lc->SetReceiver([&c](const std::string& msg) { c.app.Receive(msg); });
+  lc->Arrive("127.0.0.1", 1002, "exit");
+  lc->Pump();
+  ASSERT_TRUE(c.Up("cmdExitReceived"));
+  ASSERT_TRUE(c.Click("cmdExitReceived"));
+  EXPECT_EQ(c.C("optVsComputer").value, 1);
+  EXPECT_EQ(c.Field("VsComputer"), "1");
+}
+
+TEST(Remote, TheSettingsDialogChecksNothingButTellsWhySetUpFailed) {
+  Copy c(3);
+  auto [la, lb] = net::MemoryLink::Pair();
+  c.app.SetLink(la.get());
+  ASSERT_TRUE(c.Click("optVsHuman"));
+  EXPECT_FALSE(c.Up("cmdNew"));
+  ASSERT_TRUE(c.Click("mnuSetupRemoteOpponent"));
+  EXPECT_EQ(c.C("frmCommunicate.txtIPA").caption, "127.0.0.1");
+  EXPECT_EQ(c.Panel(1), "No opponent information");
+  EXPECT_EQ(c.C("frmCommunicate.lblPortNumber").caption, "Port Number (1000 - 9999)");
+  ASSERT_TRUE(c.Type("frmCommunicate.txtPortA", "2000"));
+  ASSERT_TRUE(c.Type("frmCommunicate.txtIPB", "  host.example "));
+  ASSERT_TRUE(c.Click("frmCommunicate.cmdSend"));  // txtPortB empty: nothing happens
+  EXPECT_TRUE(c.platform.messages.empty());
+  EXPECT_TRUE(c.app.IsOpen("frmCommunicate"));
+  ASSERT_TRUE(c.Type("frmCommunicate.txtPortB", "two"));
+  ASSERT_TRUE(c.Click("frmCommunicate.cmdSend"));
+  ASSERT_EQ(c.platform.messages.size(), 1u);
+  EXPECT_EQ(c.platform.messages[0], "Winsock failed to communicate with remote server");
+  EXPECT_NE(c.platform.details[0].find("\"two\" is not a number"), std::string::npos);
+  EXPECT_TRUE(c.app.IsOpen("frmCommunicate"));
+  ASSERT_TRUE(c.Click("frmCommunicate.cmdHelp"));
+  EXPECT_EQ(c.platform.opened.back(), "help.html");
+  ASSERT_TRUE(c.Type("frmCommunicate.txtPortB", "2000"));  // equal ports are not refused
+  ASSERT_TRUE(c.Click("frmCommunicate.cmdSend"));
+  EXPECT_FALSE(c.app.IsOpen("frmCommunicate"));
+  EXPECT_EQ(c.Panel(1), "Opponent host.example");
+  EXPECT_TRUE(c.Up("cmdNew"));
+  EXPECT_EQ(la->LocalPort(), 2000);
+  EXPECT_EQ(c.app.Type("frmCommunicate.txtPortA", "1"), AppModel::Result::kIgnored);
+  EXPECT_EQ(c.app.Type("cmdNew", "1"), AppModel::Result::kUnknown);
+}
+
+}  // namespace
+}  // namespace bq
