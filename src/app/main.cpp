@@ -1,10 +1,12 @@
 #include <QApplication>
+#include <QCoreApplication>
 #include <cstdlib>
 #include <iostream>
 #include <string>
 #include <vector>
 
 #include "app/driver.h"
+#include "net/udp_link.h"
 #include "ui/model/app_model.h"
 #include "ui/qt/app_paths.h"
 #include "ui/qt/command_line.h"
@@ -49,7 +51,12 @@ int main(int argc, char** argv) {
       ResolveSettingsPath(QString::fromStdString(cl.settings), exe_dir, UserConfigDir())
           .toStdString();
   if (cl.headless) {
+    // No display is needed, but datagrams arrive through an event loop.
+    QCoreApplication core(argc, argv);
+    bq::net::UdpLink link;
     bq::DriverOptions options;
+    options.link = &link;
+    options.wait = bq::net::RunEventsFor;
     options.settings_path = settings;
     options.seed = cl.seed;
     if (cl.screen_width) options.screen_width = *cl.screen_width;
@@ -73,6 +80,8 @@ int main(int argc, char** argv) {
 
   QtPlatform platform({cl.seed, cl.screen_width, data_dir});
   bq::AppModel model(platform, settings);
+  bq::net::UdpLink link;
+  model.SetLink(&link);
   FrontEnd front(model);
   platform.set_host(&front);
   QObject::connect(&front, &FrontEnd::exited, &app, &QCoreApplication::quit, Qt::QueuedConnection);

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QVariant>
 #include <QWidget>
@@ -19,6 +20,8 @@ void ApplyText(QObject* target, const QString& text) {
     card->setFace(text);
   } else if (auto* button = qobject_cast<QAbstractButton*>(target)) {
     button->setText(text);
+  } else if (auto* edit = qobject_cast<QLineEdit*>(target)) {
+    if (edit->text() != text) edit->setText(text);  // the same text keeps the cursor where it is
   } else if (auto* label = qobject_cast<QLabel*>(target)) {
     label->setText(text);
   } else if (auto* box = qobject_cast<QGroupBox*>(target)) {

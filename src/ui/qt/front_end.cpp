@@ -6,6 +6,7 @@
 #include "ui/model/how_to_model.h"
 #include "ui/qt/about_window.h"
 #include "ui/qt/app_paths.h"
+#include "ui/qt/communicate_dialog.h"
 #include "ui/qt/game_window.h"
 #include "ui/qt/generic_window.h"
 #include "ui/qt/how_to_window.h"
@@ -15,6 +16,28 @@ namespace bq::qt {
 
 FrontEnd::FrontEnd(AppModel& app) : app_(app), data_dir_(DataDir(ExecutableDir())) {
   game_ = std::make_unique<GameWindow>(*this, app_.game());
+  if (net::Link* link = app_.link())
+    link->SetReceiver([this](const std::string& message) { Receive(message); });
+}
+
+// A datagram is an event like a click. One that comes while another event is being handled (a
+// message box runs its own event loop) waits until that event is over.
+void FrontEnd::Receive(const std::string& message) {
+  arrived_.push_back(message);
+  if (!busy_) HandleArrivals();
+}
+
+void FrontEnd::HandleArrivals() {
+  busy_ = true;
+  while (!arrived_.empty() && !finished_) {
+    const std::string next = arrived_.front();
+    arrived_.erase(arrived_.begin());
+    Dispatch([&] {
+      app_.Receive(next);
+      return AppModel::Result::kDone;
+    });
+  }
+  busy_ = false;
 }
 
 FrontEnd::~FrontEnd() {
@@ -73,7 +96,10 @@ AppModel::Result FrontEnd::Dispatch(const std::function<AppModel::Result()>& eve
     marks.emplace_back(window, Binder(window)->MarkFocus());
   pending_popup_.clear();
 
+  const bool outer = !busy_;
+  busy_ = true;
   const AppModel::Result result = event();
+  if (outer) busy_ = false;
   if (app_.exited()) {
     Finish();
     return result;
@@ -86,6 +112,7 @@ AppModel::Result FrontEnd::Dispatch(const std::function<AppModel::Result()>& eve
     Binder(window)->RestoreFocus(before);
   }
   if (!pending_popup_.empty()) game_->ShowPopup(pending_popup_, popup_pos_);
+  if (outer && !arrived_.empty()) HandleArrivals();
   return result;
 }
 
@@ -100,6 +127,10 @@ AppModel::Result FrontEnd::RightClick(const std::string& full_name, QPoint globa
 
 AppModel::Result FrontEnd::ClickBackground(bool ctrl_alt) {
   return Dispatch([&] { return app_.ClickBackground(ctrl_alt); });
+}
+
+AppModel::Result FrontEnd::Type(const std::string& full_name, const std::string& text) {
+  return Dispatch([&] { return app_.Type(full_name, text); });
 }
 
 AppModel::Result FrontEnd::Close(const std::string& window) {
@@ -140,6 +171,8 @@ std::unique_ptr<ModelWindow<QWidget>> FrontEnd::MakeWindow(const std::string& wi
   if (window == "frmAbout")
     return std::make_unique<AboutWindow>(*this, *app_.Window(window), game_.get());
   if (window == "frmHowTo") return std::make_unique<HowToWindow>(*this, app_.how_to(), game_.get());
+  if (window == "frmCommunicate")
+    return std::make_unique<CommunicateDialog>(*this, *app_.Window(window), game_.get());
   return std::make_unique<GenericWindow>(*this, *app_.Window(window), game_.get());
 }
 

@@ -40,6 +40,7 @@ class FrontEnd : public QObject, public WindowHost {
   AppModel::Result RightClick(const std::string& full_name, QPoint global_pos);
   AppModel::Result ClickBackground(bool ctrl_alt);
   AppModel::Result Close(const std::string& window);
+  AppModel::Result Type(const std::string& full_name, const std::string& text);
 
   GameWindow* game_window() const { return game_.get(); }
   // The shown form of a window ("frmGame", "frmStats", ...); nullptr before it first opens.
@@ -64,6 +65,8 @@ class FrontEnd : public QObject, public WindowHost {
   std::vector<std::string> OpenWindows() const;
   void Finish();
   std::unique_ptr<ModelWindow<QWidget>> MakeWindow(const std::string& window);
+  void Receive(const std::string& message);
+  void HandleArrivals();
 
   AppModel& app_;
   std::unique_ptr<GameWindow> game_;
@@ -71,6 +74,8 @@ class FrontEnd : public QObject, public WindowHost {
   std::unique_ptr<ConfirmClearDialog> confirm_;
   // The plainer windows: About, How To Play, and any drawn generically.
   std::map<std::string, std::unique_ptr<ModelWindow<QWidget>>, std::less<>> others_;
+  bool busy_ = false;                 // an event is being handled
+  std::vector<std::string> arrived_;  // datagrams that came during it, handled after it
   std::string pending_popup_;
   QPoint popup_pos_;
   bool finished_ = false;

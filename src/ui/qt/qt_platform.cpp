@@ -150,6 +150,14 @@ void QtPlatform::MessageBox(const std::string& text) {
   QMessageBox::information(parent, QStringLiteral("Bramblequay"), QString::fromStdString(text));
 }
 
+void QtPlatform::CriticalBox(const std::string& text, const std::string& detail) {
+  QMessageBox box(QMessageBox::Critical, QStringLiteral("Bramblequay"),
+                  QString::fromStdString(text), QMessageBox::Ok,
+                  host_ ? host_->DialogParent() : nullptr);
+  box.setInformativeText(QString::fromStdString(detail));
+  box.exec();
+}
+
 int QtPlatform::ScreenWidthPixels() {
   if (options_.screen_width) return *options_.screen_width;
   const QScreen* screen = QGuiApplication::primaryScreen();

@@ -55,6 +55,7 @@ class QtPlatform : public Platform {
   void PlayClick() override;
   void Open(const std::string& target) override;
   void MessageBox(const std::string& text) override;
+  void CriticalBox(const std::string& text, const std::string& detail) override;
   int ScreenWidthPixels() override;
   void WindowOpened(const std::string& window) override;
   void WindowClosed(const std::string& window) override;
