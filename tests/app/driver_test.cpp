@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "app/driver.h"
+#include "net/link.h"
 #include "support/temp_settings.h"
 
 namespace bq {
@@ -150,6 +151,46 @@ TEST_F(DriverTest, ThePromptLineSaysWhatCanBeDoneNow) {
   for (size_t i = 0; i < prompts.size(); ++i)
     EXPECT_EQ(prompts[i].substr(0, expected[i].size()), expected[i]) << i;
   EXPECT_NE(prompts[9].find(", or pass by clicking the Discard Pile."), std::string::npos);
+}
+
+TEST_F(DriverTest, DatagramsAreShownAsTheyTravelAndArriveWhileWaiting) {
+  auto [mine, theirs] = net::MemoryLink::Pair();
+  ASSERT_EQ(theirs->Configure("127.0.0.1", 1001, 1002), "");
+  std::deque<std::string> from_opponent = {"invi", "bad\ndata"};
+  options_.link = mine.get();
+  options_.wait = [&](int) {
+    theirs->Send(from_opponent.front());
+    from_opponent.pop_front();
+    mine->Pump();
+  };
+  const std::string out =
+      Run("click optVsHuman\n"
+          "click cmdSetupRemoteOpponent\n"
+          "type frmCommunicate.txtPortA  1001\n"
+          "show frmCommunicate.txtPortA\n"
+          "type frmCommunicate.txtIPB 127.0.0.1\n"
+          "type frmCommunicate.txtPortB 1002\n"
+          "click frmCommunicate.cmdSend\n"
+          "type frmCommunicate.txtPortB 1003\n"
+          "wait 10\n"
+          "click frmInvitation.cmdYes\n"
+          "show StatusBar1.Panel(2)\n"
+          "wait 10\n"
+          "show StatusBar1.Panel(4)\n");
+  EXPECT_NE(out.find("open: frmCommunicate\n"
+                     "frmCommunicate.txtPortA caption=\" 1001\" visible=1 enabled=1"),
+            std::string::npos)
+      << out;
+  EXPECT_NE(out.find("closed: frmCommunicate\nignored: frmCommunicate.txtPortB\n"
+                     "received: invi\nopen: frmInvitation\n"
+                     "sent: acce\nclosed: frmInvitation\n"
+                     "StatusBar1.Panel(2) caption=\"Acceptance sent\""),
+            std::string::npos)
+      << out;
+  EXPECT_NE(out.find("received: bad\\x0adata\n"
+                     "StatusBar1.Panel(4) caption=\"bad?data\""),
+            std::string::npos)
+      << out;
 }
 
 TEST_F(DriverTest, AboutShowsTheVersionAndItsAddressOpens) {
