@@ -5,24 +5,12 @@
 #include <filesystem>
 #include <random>
 
+#include "quiet_platform.h"
 #include "ui/model/game_model.h"
 
 namespace {
 
-class QuietPlatform : public bq::Platform {
- public:
-  float Uniform() override { return static_cast<float>(gen_() >> 8) * 0x1p-24f; }
-  void PlayClick() override {}
-  void Open(const std::string&) override {}
-  void MessageBox(const std::string&) override {}
-  int ScreenWidthPixels() override { return 1920; }
-  void WindowOpened(const std::string&) override {}
-  void WindowClosed(const std::string&) override {}
-  void Warn(const std::string&) override {}
-
- private:
-  std::mt19937 gen_{7};
-};
+using bq::bench::QuietPlatform;
 
 bool Up(const bq::GameModel& m, const char* name) {
   const bq::Control* c = m.Find(name);
