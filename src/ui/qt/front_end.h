@@ -41,6 +41,8 @@ class FrontEnd : public QObject, public WindowHost {
   AppModel::Result ClickBackground(bool ctrl_alt);
   AppModel::Result Close(const std::string& window);
   AppModel::Result Type(const std::string& full_name, const std::string& text);
+  // A datagram from the opponent, handled as an event of its own.
+  void Receive(const std::string& message);
 
   GameWindow* game_window() const { return game_.get(); }
   // The shown form of a window ("frmGame", "frmStats", ...); nullptr before it first opens.
@@ -65,7 +67,6 @@ class FrontEnd : public QObject, public WindowHost {
   std::vector<std::string> OpenWindows() const;
   void Finish();
   std::unique_ptr<ModelWindow<QWidget>> MakeWindow(const std::string& window);
-  void Receive(const std::string& message);
   void HandleArrivals();
 
   AppModel& app_;
