@@ -7,6 +7,7 @@
 #include <QNetworkInterface>
 #include <QTimer>
 #include <QUdpSocket>
+#include <algorithm>
 
 #include "net/message.h"
 
@@ -42,6 +43,11 @@ std::string UdpLink::Configure(const std::string& remote_host, long remote_port,
     addresses = info.addresses();
     if (info.error() != QHostInfo::NoError || addresses.isEmpty())
       return "The opponent's address \"" + remote_host + "\" was not found.";
+    // IPv4 first: that is the address each player reads out to the other, so a name that
+    // stands for both reaches the opponent from the address the opponent expects.
+    std::stable_partition(addresses.begin(), addresses.end(), [](const QHostAddress& a) {
+      return a.protocol() == QAbstractSocket::IPv4Protocol;
+    });
   }
   if (!socket_) {
     if (local_port < 1 || local_port > 65535) return "Your port must be a number from 1 to 65535.";
