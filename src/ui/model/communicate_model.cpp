@@ -4,8 +4,21 @@
 
 namespace bq {
 
+bool NetworkDialog::Close() {
+  if (!open_) return false;
+  open_ = false;
+  platform_.WindowClosed(Name());
+  return true;
+}
+
+void NetworkDialog::Show(std::string focus) {
+  if (!open_) platform_.WindowOpened(Name());
+  open_ = true;
+  SetFocus(std::move(focus));
+}
+
 CommunicateModel::CommunicateModel(Platform& platform, GameModel& game)
-    : WindowModel("frmCommunicate"), platform_(platform), game_(game) {
+    : NetworkDialog(platform, game, "frmCommunicate") {
   caption_.caption = "Opponent/Communication Settings";
   lbl_instructions_.caption = "Fill in the blanks, then click Send.";
   lbl_you_.caption = "You";
@@ -37,13 +50,11 @@ CommunicateModel::CommunicateModel(Platform& platform, GameModel& game)
 void CommunicateModel::Open() {
   txt_ip_a_.caption = game_.LocalIP();
   game_.ShowNoOpponentInformation();
-  if (!open_) platform_.WindowOpened(Name());
-  open_ = true;
-  SetFocus(txt_port_a_.caption.empty() ? "txtPortA" : "txtIPB");
+  Show(txt_port_a_.caption.empty() ? "txtPortA" : "txtIPB");
 }
 
 bool CommunicateModel::Click(std::string_view control) {
-  if (!open_) return false;
+  if (!IsOpen()) return false;
   if (control == "cmdSend") {
     Send();
     return true;
@@ -65,22 +76,15 @@ void CommunicateModel::Send() {
 }
 
 bool CommunicateModel::Type(std::string_view control, std::string_view text) {
-  if (!open_ || control.substr(0, 3) != "txt") return false;
+  if (!IsOpen() || control.substr(0, 3) != "txt") return false;
   Control* box = Find(control);
   if (box == nullptr || !box->visible || !box->enabled) return false;
   box->caption = std::string(text);
   return true;
 }
 
-bool CommunicateModel::Close() {
-  if (!open_) return false;
-  open_ = false;
-  platform_.WindowClosed(Name());
-  return true;
-}
-
 InvitationModel::InvitationModel(Platform& platform, GameModel& game)
-    : WindowModel("frmInvitation"), platform_(platform), game_(game) {
+    : NetworkDialog(platform, game, "frmInvitation") {
   caption_.caption = "Bramblequay play invitation";
   lbl_accept_reject_.caption =
       "You have received an invitation to play Bramblequay.  Click Yes to accept.  Click No to "
@@ -93,24 +97,11 @@ InvitationModel::InvitationModel(Platform& platform, GameModel& game)
   Register("cmdNo", cmd_no_);
 }
 
-void InvitationModel::Open() {
-  if (!open_) platform_.WindowOpened(Name());
-  open_ = true;
-  SetFocus("cmdYes");
-}
-
 bool InvitationModel::Click(std::string_view control) {
-  if (!open_) return false;
+  if (!IsOpen()) return false;
   if (control != "cmdYes" && control != "cmdNo") return Find(control) != nullptr;
   game_.AnswerInvitation(control == "cmdYes");
   return Close();
-}
-
-bool InvitationModel::Close() {
-  if (!open_) return false;
-  open_ = false;
-  platform_.WindowClosed(Name());
-  return true;
 }
 
 }  // namespace bq

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "ui/model/control.h"
 #include "ui/model/platform.h"
@@ -11,46 +12,54 @@ namespace bq {
 
 class GameModel;
 
+// A network dialog: shown and taken down by telling the front end.
+class NetworkDialog : public WindowModel {
+ public:
+  bool IsOpen() const { return open_; }
+  bool Close();
+
+ protected:
+  NetworkDialog(Platform& platform, GameModel& game, std::string name)
+      : WindowModel(std::move(name)), platform_(platform), game_(game) {}
+  void Show(std::string focus);
+
+  Platform& platform_;
+  GameModel& game_;
+
+ private:
+  bool open_ = false;
+};
+
 // frmCommunicate: the two addresses and two ports of the connection with the opponent. Controls
 // in order: "Caption" (the title), lblInstructions, lblYou, lblOpponent, lblIPAddress,
 // lblPortNumber, txtIPA, txtPortA, txtIPB, txtPortB, cmdSend, cmdCancel, cmdHelp. Typed texts
 // stay in the boxes from one opening to the next.
-class CommunicateModel : public WindowModel {
+class CommunicateModel : public NetworkDialog {
  public:
   CommunicateModel(Platform& platform, GameModel& game);
 
   void Open();
-  bool IsOpen() const { return open_; }
   bool Click(std::string_view control);
   // Sets a text box's text as typed; false for anything that is not an open text box.
   bool Type(std::string_view control, std::string_view text);
-  bool Close();
 
  private:
   void Send();
 
-  Platform& platform_;
-  GameModel& game_;
-  bool open_ = false;
   Control caption_, lbl_instructions_, lbl_you_, lbl_opponent_, lbl_ip_address_, lbl_port_number_,
       txt_ip_a_, txt_port_a_, txt_ip_b_, txt_port_b_, cmd_send_, cmd_cancel_, cmd_help_;
 };
 
 // frmInvitation: the opponent's invitation, answered Yes or No. Controls in order: "Caption",
 // lblAcceptReject, cmdYes, cmdNo. Closing it by the frame sends no answer.
-class InvitationModel : public WindowModel {
+class InvitationModel : public NetworkDialog {
  public:
   InvitationModel(Platform& platform, GameModel& game);
 
-  void Open();
-  bool IsOpen() const { return open_; }
+  void Open() { Show("cmdYes"); }
   bool Click(std::string_view control);
-  bool Close();
 
  private:
-  Platform& platform_;
-  GameModel& game_;
-  bool open_ = false;
   Control caption_, lbl_accept_reject_, cmd_yes_, cmd_no_;
 };
 
