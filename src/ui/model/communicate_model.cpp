@@ -49,6 +49,9 @@ CommunicateModel::CommunicateModel(Platform& platform, GameModel& game)
 
 void CommunicateModel::Open() {
   txt_ip_a_.caption = game_.LocalIP();
+  // Once bound, the port is this copy's for the rest of the run: show it as it is.
+  if (const net::Link* link = game_.link(); link != nullptr && link->LocalPort() != 0)
+    txt_port_a_.caption = std::to_string(link->LocalPort());
   game_.ShowNoOpponentInformation();
   Show(txt_port_a_.caption.empty() ? "txtPortA" : "txtIPB");
 }

@@ -284,6 +284,14 @@ TEST(Remote, TheSettingsDialogChecksNothingButTellsWhySetUpFailed) {
   EXPECT_TRUE(c.Up("cmdNew"));
   EXPECT_EQ(la->LocalPort(), 2000);
   EXPECT_EQ(c.app.Type("frmCommunicate.txtPortA", "1"), AppModel::Result::kIgnored);
+  // Sent again with other ports: the opponent's changes, this copy's stays bound as it was.
+  c.app.communicate().Open();
+  ASSERT_TRUE(c.Type("frmCommunicate.txtPortA", "3000"));
+  ASSERT_TRUE(c.Type("frmCommunicate.txtPortB", "2001"));
+  ASSERT_TRUE(c.Click("frmCommunicate.cmdSend"));
+  EXPECT_EQ(la->LocalPort(), 2000);
+  c.app.communicate().Open();
+  EXPECT_EQ(c.C("frmCommunicate.txtPortA").caption, "2000");
   EXPECT_EQ(c.app.Type("cmdNew", "1"), AppModel::Result::kUnknown);
 }
 
