@@ -247,6 +247,7 @@ class GameModel : public WindowModel {
   void SendToOpponent(const net::Message& m);
   void RelayClick(const net::Message& m);  // only watched in Learn Mode
   net::Moment Now() const;
+  void ReceiveMessage(const std::string& text);
   void BadData(const std::string& text);
   void OnMessage(const net::Invite&);
   void OnMessage(const net::Accept&);

@@ -79,6 +79,12 @@ net::Moment GameModel::Now() const {
 }
 
 void GameModel::Receive(const std::string& text) {
+  BeginEvent();
+  ReceiveMessage(text);
+  EndEvent();
+}
+
+void GameModel::ReceiveMessage(const std::string& text) {
   if (vs_computer_) return BadData(text);
   const auto decoded = net::Decode(text, {N(), g_.draw_count});
   if (!decoded || !session_.Accepts(*decoded, Now())) return BadData(text);
@@ -164,6 +170,7 @@ void GameModel::OnMessage(const net::Deal& s) {
   g_.turn_result = kUndecided;
   g_.move_count_a = g_.move_count_b = 0;
   g_.opponent_row_reversed = false;
+  news_base_ = g_;  // the opponent's first move is told against the deal
   BeginGameFlags();
   for (Control* c : {&cmdInvitationRejected, &cmdClickHere, &cmdQuitReceived, &cmdExitReceived})
     Hide(*c);
