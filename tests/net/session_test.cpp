@@ -53,14 +53,5 @@ TEST(Session, AnswersNeedAnInvitationAndADealNeedsToBeInvited) {
   EXPECT_FALSE(s.Accepts(Reject{}, any));
 }
 
-TEST(Session, PortsAreWholeNumbersWithBlanksAround) {
-  EXPECT_EQ(ParsePort(" 4000 "), 4000);
-  EXPECT_EQ(ParsePort("+1200"), 1200);
-  EXPECT_FALSE(ParsePort("40o0"));
-  EXPECT_FALSE(ParsePort(""));
-  EXPECT_FALSE(ParsePort("12.5"));
-  EXPECT_EQ(Trim("  host.example  "), "host.example");
-}
-
 }  // namespace
 }  // namespace bq::net
