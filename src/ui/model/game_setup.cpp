@@ -39,35 +39,15 @@ void GameModel::Load() {
   }
   lblDiscardPile.enabled = false;
   lblDrawPile.enabled = false;
-  for (Control* c : {&cmdPlayA,
-                     &cmdPlayB,
-                     &cmdAWins,
-                     &cmdBWins,
-                     &cmdCWins,
-                     &cmdBothWin,
-                     &cmdCTakesDiscard,
-                     &cmdCTakesDraw,
-                     &cmdCTakesNothing,
-                     &cmdBackemC,
-                     &cmdSwitchemA,
-                     &cmdSwitchemB,
-                     &cmdSwitchemC,
-                     &cmdSmackemA,
-                     &cmdSmackemB,
-                     &cmdSmackemC,
-                     &cmdTakemA,
-                     &cmdTakemB,
-                     &cmdTakemC,
-                     &cmdQuit,
-                     &lblMoveCount,
-                     &lblMoveCountA,
-                     &lblMoveCountB,
-                     &cmdQuitReceived,
-                     &cmdExitReceived,
-                     &cmdInvitationAccepted,
-                     &cmdInvitationRejected,
-                     &cmdInvitationIgnored,
-                     &cmdClickHere})
+  for (Control* c :
+       {&cmdPlayA,     &cmdPlayB,         &cmdAWins,      &cmdBWins,         &cmdCWins,
+        &cmdBothWin,   &cmdCTakesDiscard, &cmdCTakesDraw, &cmdCTakesNothing, &cmdBackemC,
+        &cmdSwitchemA, &cmdSwitchemB,     &cmdSwitchemC,  &cmdSmackemA,      &cmdSmackemB,
+        &cmdSmackemC,  &cmdTakemA,        &cmdTakemB,     &cmdTakemC,        &cmdQuit,
+        &lblMoveCount, &lblMoveCountA,    &lblMoveCountB})
+    Hide(*c);
+  for (Control* c : {&cmdQuitReceived, &cmdExitReceived, &cmdInvitationAccepted,
+                     &cmdInvitationRejected, &cmdInvitationIgnored, &cmdClickHere})
     Hide(*c);
   mnuFileQuitGame.enabled = false;
   mnuPopupFileQuitGame.enabled = false;
