@@ -1,8 +1,8 @@
 #include "ui/model/app_model.h"
 
 #include "ui/model/about_model.h"
-#include "ui/model/how_to_model.h"
 #include "ui/model/communicate_model.h"
+#include "ui/model/how_to_model.h"
 #include "ui/model/stats_model.h"
 
 namespace bq {

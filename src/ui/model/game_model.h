@@ -316,6 +316,7 @@ class GameModel : public WindowModel {
   net::Session session_;
   std::string remote_host_;
   bool remote_switch_awaited_ = false;
+  bool remote_move_due_ = false;  // the opponent's turn has begun here and its move not come
   bool warned_unwritable_ = false;
   bool sound_on_ = true;
   Selecting selecting_ = Selecting::kNone;

@@ -69,10 +69,12 @@ void GameModel::RelayClick(const net::Message& m) {
 
 net::Moment GameModel::Now() const {
   net::Moment now;
-  now.in_game = game_running_ && !game_over_;
+  // A result button does not end play by itself (a Stack dealt in order, say): the game lasts
+  // until it is acknowledged or quit, and a move counts while one is due.
+  now.in_game = game_running_;
   now.awaiting_switch = remote_switch_awaited_;
-  now.awaiting_move = g_.turn_owner == kSideB && pending_ == Pending::kNone &&
-                      selecting_ == Selecting::kNone && !remote_switch_awaited_;
+  now.awaiting_move = remote_move_due_ && g_.turn_owner == kSideB && pending_ == Pending::kNone &&
+                      !remote_switch_awaited_;
   now.smackem_open = Checked(kSmackem) && !smackem_used_[kSideB];
   now.takem_open = Checked(kTakem) && !takem_used_[kSideB];
   return now;
@@ -229,6 +231,7 @@ void GameModel::OnMessage(const net::Pass&) {
 
 // cmdPlayB: the opponent's completed pile move, as side A's is completed on its own screen.
 void GameModel::PlayB(int slot, bool discard) {
+  remote_move_due_ = false;
   g_.turn_owner = kSideB;
   if (slot > 0) {
     const int replaced = g_.Card(kSideB, slot);
@@ -271,6 +274,7 @@ void GameModel::SwitchemSent(int first, int second) {
 void GameModel::OnMessage(const net::Switch& m) {
   PlayClick();
   remote_switch_awaited_ = false;
+  remote_move_due_ = false;
   std::swap(g_.Card(kSideB, m.pos1), g_.Card(kSideB, m.pos2));
   ShowCardB(m.pos1);
   ShowCardB(m.pos2);
@@ -283,10 +287,12 @@ void GameModel::OnMessage(const net::Switch& m) {
 }
 
 void GameModel::OnMessage(const net::Smack& m) {
+  remote_move_due_ = false;
   AnnounceSmackemB(m.pos1, m.pos2);
 }
 
 void GameModel::OnMessage(const net::Take& m) {
+  remote_move_due_ = false;
   AnnounceTakemB(m.own, m.other);
 }
 
@@ -329,6 +335,7 @@ void GameModel::BeginGameFlags() {
   selecting_ = Selecting::kNone;
   pending_ = Pending::kNone;
   remote_switch_awaited_ = false;
+  remote_move_due_ = false;
   game_running_ = true;
   game_over_ = false;
 }

@@ -86,6 +86,7 @@ void GameModel::StartTurnB() {
     lblCardB[static_cast<size_t>(k)].marked = 0;
   }
   if (vs_computer_) return StartComputerTurn();
+  remote_move_due_ = true;
   for (int k = 1; k <= N(); ++k) {
     ShowCardA(k);
     ShowCardB(k);

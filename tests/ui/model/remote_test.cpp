@@ -2,9 +2,12 @@
 // every option, quitting and exiting, and messages that must change nothing.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <random>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include "net/link.h"
 #include "store/settings.h"
@@ -194,6 +197,14 @@ TEST(Remote, WholeGamesWithEveryOptionEndAlikeOnBothCopies) {
     ASSERT_GE(ra, 1) << "no result after " << steps << " steps";
     ASSERT_EQ(rb, ra == kTie ? kTie : 3 - ra);
     ++results[ra];
+    // Once the game is decided, no move is due from the opponent any more.
+    const bool a_waits = m.a.Field("TurnOwner") == "2";
+    Copy& waiting = a_waits ? m.a : m.b;
+    const std::string moves_b = waiting.Field("MoveCountB");
+    (a_waits ? m.link_a : m.link_b)->Arrive("127.0.0.1", a_waits ? 1002 : 1001, "pass");
+    m.Pump();
+    ASSERT_EQ(waiting.Panel(2), "Bad data received");
+    ASSERT_EQ(waiting.Field("MoveCountB"), moves_b);
     const char* button_a = ra == kTie ? "cmdBothWin" : ra == kAInOrder ? "cmdAWins" : "cmdBWins";
     const char* button_b = ra == kTie ? "cmdBothWin" : ra == kAInOrder ? "cmdBWins" : "cmdAWins";
     ASSERT_TRUE(m.a.Click(button_a));
@@ -238,6 +249,29 @@ TEST(Remote, TheStatusBarTellsWhatWasSentAndReceived) {
   EXPECT_EQ(m.a.Panel(4), "disc 3");
   EXPECT_EQ(m.a.Field("MoveCountB"), "1");
   EXPECT_EQ(m.a.platform.clicks, 2);  // New Game, and the move that arrived
+  ExpectAgreement(m.a, m.b);
+}
+
+TEST(Remote, AStackDealtInOrderShowsItsResultOnBothCopiesAndPlayGoesOn) {
+  Match m;
+  ASSERT_TRUE(m.a.Click("cmdNew"));
+  m.Pump();
+  // The held deal, put in order before it is sent.
+  std::vector<int> mine;
+  std::istringstream in(m.a.Field("Stacks(1)"));
+  for (int card; in >> card;) mine.push_back(card);
+  std::sort(mine.begin(), mine.end());
+  std::string sorted;
+  for (int card : mine) sorted += std::to_string(card) + " ";
+  ASSERT_EQ(m.a.app.game().SetField("Stacks(1)", sorted), "");
+  ASSERT_TRUE(m.b.Click("frmInvitation.cmdYes"));
+  m.Pump();
+  EXPECT_TRUE(m.a.Up("cmdAWins"));
+  EXPECT_TRUE(m.b.Up("cmdBWins"));
+  ASSERT_TRUE(m.b.Click("lblDrawPile"));
+  ASSERT_TRUE(m.b.Click("cmdPlayA"));
+  m.Pump();
+  EXPECT_EQ(m.a.Panel(2), "Move received - Pass");
   ExpectAgreement(m.a, m.b);
 }
 
