@@ -266,9 +266,10 @@ void GameModel::SwitchemSent(int first, int second) {
     StartTurnB();
     return;
   }
+  // As after the deal, play starts whatever the test found.
   TestBothStacks(g_, Backem());
   EndIfDecided();
-  if (!game_over_) StartTurnB();
+  StartTurnB();
 }
 
 void GameModel::OnMessage(const net::Switch& m) {
@@ -283,7 +284,7 @@ void GameModel::OnMessage(const net::Switch& m) {
   if (is_dealer_) return StartSwitchemA();
   TestBothStacks(g_, Backem());
   EndIfDecided();
-  if (!game_over_) StartOfPlay();
+  StartOfPlay();
 }
 
 void GameModel::OnMessage(const net::Smack& m) {
