@@ -107,7 +107,7 @@ void GameModel::BadData(const std::string& text) {
 
 void GameModel::OnMessage(const net::Invite&) {
   session_.InvitationReceived();
-  // Each dismissed prompt ends the game it belonged to, which offers New Game again.
+  // Dismissing a prompt ends its game and offers New Game; the invitation takes that back.
   for (Control* prompt : {&cmdInvitationRejected, &cmdClickHere, &cmdQuitReceived})
     if (prompt->visible) AcknowledgePrompt(*prompt);
   cmdNew.enabled = mnuFileNewGame.enabled = mnuPopupFileNewGame.enabled = false;
