@@ -36,10 +36,13 @@ std::string UdpLink::Configure(const std::string& remote_host, long remote_port,
     return "The opponent's port must be a number from 1 to 65535.";
   QList<QHostAddress> addresses;
   QHostAddress literal;
-  if (literal.setAddress(QString::fromStdString(remote_host))) {
+  QString host = QString::fromStdString(remote_host);
+  if (host.startsWith(QLatin1Char('[')) && host.endsWith(QLatin1Char(']')))
+    host = host.mid(1, host.size() - 2);  // an IPv6 address as a web address writes it
+  if (literal.setAddress(host)) {
     addresses.append(literal);
   } else {
-    const QHostInfo info = QHostInfo::fromName(QString::fromStdString(remote_host));
+    const QHostInfo info = QHostInfo::fromName(host);
     addresses = info.addresses();
     if (info.error() != QHostInfo::NoError || addresses.isEmpty())
       return "The opponent's address \"" + remote_host + "\" was not found.";
@@ -95,9 +98,14 @@ void UdpLink::ReadAll() {
 }
 
 std::string UdpLink::LocalIP() const {
-  for (const QHostAddress& a : QNetworkInterface::allAddresses())
-    if (a.protocol() == QAbstractSocket::IPv4Protocol && !a.isLoopback())
-      return a.toString().toStdString();
+  for (const QNetworkInterface& i : QNetworkInterface::allInterfaces()) {
+    if (!i.flags().testFlag(QNetworkInterface::IsUp) ||
+        i.flags().testFlag(QNetworkInterface::IsLoopBack))
+      continue;
+    for (const QNetworkAddressEntry& e : i.addressEntries())
+      if (e.ip().protocol() == QAbstractSocket::IPv4Protocol && !e.ip().isLoopback())
+        return e.ip().toString().toStdString();
+  }
   return "127.0.0.1";
 }
 

@@ -59,6 +59,7 @@ TEST(UdpLink, OnlyTheOpponentReachesTheGame) {
   // The local port is bound once: a later set-up with another port keeps the first.
   EXPECT_EQ(a.link.Configure("127.0.0.1", pb, FreePort()), "");
   EXPECT_EQ(a.link.LocalPort(), pa);
+  EXPECT_EQ(a.link.Configure("[::1]", pb, 0), "");
 }
 
 TEST(UdpLink, FailuresSayWhatToChange) {
