@@ -188,6 +188,9 @@ TEST(Remote, WholeGamesWithEveryOptionEndAlikeOnBothCopies) {
       const bool moved = pa.Step() || pb.Step();
       m.Pump();
       ASSERT_TRUE(moved) << "both copies wait";
+      // Every message of honest play is taken, the relayed clicks of Learn Mode included.
+      ASSERT_NE(m.a.Panel(2), "Bad data received");
+      ASSERT_NE(m.b.Panel(2), "Bad data received");
       if (!m.a.Up("cmdSmackemB") && !m.a.Up("cmdTakemB") && !m.b.Up("cmdSmackemB") &&
           !m.b.Up("cmdTakemB"))
         ExpectAgreement(m.a, m.b);
