@@ -340,21 +340,11 @@ TEST(Remote, RejectionQuitAndExitEachLeaveAWayBack) {
   ASSERT_TRUE(m.b.Click("cmdQuitReceived"));
   EXPECT_TRUE(m.b.Up("cmdNew"));
 
-  // Only a copy that was invited announces its exit; the other then plays the computer again.
+  // Only a copy that was invited announces its exit (its receipt: two_copies_test).
   ASSERT_EQ(m.a.app.Close("frmGame"), AppModel::Result::kDone);
   EXPECT_EQ(m.link_a->waiting(), 0);
   ASSERT_EQ(m.b.app.Close("frmGame"), AppModel::Result::kDone);
   EXPECT_EQ(m.link_a->waiting(), 1);
-  Copy c(9);
-  auto [lc, ld] = net::MemoryLink::Pair();
-  Match::Join(c, *lc, "1001", "1002");
-  lc->SetReceiver([&c](const std::string& msg) { c.app.Receive(msg); });
-  lc->Arrive("127.0.0.1", 1002, "exit");
-  lc->Pump();
-  ASSERT_TRUE(c.Up("cmdExitReceived"));
-  ASSERT_TRUE(c.Click("cmdExitReceived"));
-  EXPECT_EQ(c.C("optVsComputer").value, 1);
-  EXPECT_EQ(c.Field("VsComputer"), "1");
 }
 
 TEST(Remote, TheSettingsDialogChecksNothingButTellsWhySetUpFailed) {
