@@ -2,11 +2,14 @@
 
 #include <QContextMenuEvent>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QPainter>
 #include <QPainterPath>
+#include <QRegularExpression>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <algorithm>
+#include <cmath>
 
 #include "engine/cards.h"
 
@@ -26,18 +29,44 @@ const QColor kBackLine(0x3c, 0x66, 0x9c);
 const QColor kBackTrim(0xe9, 0xe2, 0xcc);
 const QColor kMagnitude(0x3f, 0x93, 0x86);
 
-constexpr int kPadX = 8;
-constexpr int kPadY = 3;
 constexpr int kFaceChars = 12;
+constexpr double kRing = 2;    // room round the card for the highlight ring
+constexpr double kPadX = 0.5;  // per pixel of the face font
+constexpr double kPadY = 0.12;
 
-QSize CardSize(const QFont& card_font) {
-  const QFontMetrics fm(card_font);
-  return {fm.horizontalAdvance(QLatin1Char('0')) * kFaceChars + 2 * kPadX, fm.height() + 2 * kPadY};
+QFont FaceFont(double px) {
+  QFont f = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  f.setBold(true);
+  f.setPixelSize(std::max(1, static_cast<int>(px)));
+  return f;
+}
+
+// The face font's digit advance and line height per pixel of its size.
+struct FaceRatios {
+  double advance, height;
+};
+const FaceRatios& Ratios() {
+  static const FaceRatios ratios = [] {
+    const QFontMetricsF fm(FaceFont(100));
+    return FaceRatios{fm.horizontalAdvance(QLatin1Char('0')) / 100, fm.height() / 100};
+  }();
+  return ratios;
+}
+
+double Radius(const QRectF& r) {
+  return std::max(3.0, r.height() * 0.14);
+}
+
+void PaintRing(QPainter& p, const QRectF& outer, const QColor& colour) {
+  p.setPen(QPen(colour, kRing));
+  const QRectF r = outer.adjusted(kRing / 2, kRing / 2, -kRing / 2, -kRing / 2);
+  p.setBrush(Qt::NoBrush);
+  p.drawRoundedRect(r, Radius(r) + 1, Radius(r) + 1);
 }
 
 void PaintBack(QPainter& p, const QRectF& r, bool question, const QFont& font) {
   QPainterPath card;
-  card.addRoundedRect(r, 4, 4);
+  card.addRoundedRect(r, Radius(r), Radius(r));
   p.fillPath(card, kBackFill);
   p.save();
   p.setClipPath(card);
@@ -49,7 +78,7 @@ void PaintBack(QPainter& p, const QRectF& r, bool question, const QFont& font) {
   }
   p.restore();
   p.setPen(QPen(kBackTrim, 1));
-  p.drawRoundedRect(r.adjusted(2.5, 2.5, -2.5, -2.5), 2.5, 2.5);
+  p.drawRoundedRect(r.adjusted(2.5, 2.5, -2.5, -2.5), Radius(r) - 1.5, Radius(r) - 1.5);
   p.setPen(QPen(kEdge, 1));
   p.drawPath(card);
   if (question) {
@@ -60,6 +89,18 @@ void PaintBack(QPainter& p, const QRectF& r, bool question, const QFont& font) {
 }
 
 }  // namespace
+
+QSizeF CardSizeFor(double font_px) {
+  const FaceRatios& r = Ratios();
+  return {font_px * (kFaceChars * r.advance + 2 * kPadX) + 2 * kRing,
+          font_px * (r.height + 2 * kPadY) + 2 * kRing};
+}
+
+double CardFontFor(QSizeF size) {
+  const FaceRatios& r = Ratios();
+  return std::floor(std::min((size.width() - 2 * kRing) / (kFaceChars * r.advance + 2 * kPadX),
+                             (size.height() - 2 * kRing) / (r.height + 2 * kPadY)));
+}
 
 QFont CardFont(const QFont& base) {
   QFont f = QFontDatabase::systemFont(QFontDatabase::FixedFont);
@@ -74,6 +115,7 @@ CardLabel::CardLabel(QWidget* parent) : QAbstractButton(parent) {
   setCursor(Qt::PointingHandCursor);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   setFont(CardFont(font()));
+  face_font_ = font();
 }
 
 void CardLabel::setFace(const QString& face) {
@@ -87,6 +129,12 @@ void CardLabel::setMarked(bool marked) {
   if (marked == marked_) return;
   marked_ = marked;
   UpdateSpokenName();
+  update();
+}
+
+void CardLabel::setHighlighted(bool on) {
+  if (on == highlighted_) return;
+  highlighted_ = on;
   update();
 }
 
@@ -107,7 +155,12 @@ void CardLabel::UpdateSpokenName() {
 }
 
 QSize CardLabel::sizeHint() const {
-  return CardSize(font());
+  return CardSizeFor(QFontInfo(font()).pixelSize()).toSize();
+}
+
+void CardLabel::resizeEvent(QResizeEvent* event) {
+  QAbstractButton::resizeEvent(event);
+  face_font_ = FaceFont(CardFontFor(size()));
 }
 
 void CardLabel::changeEvent(QEvent* event) {
@@ -123,49 +176,58 @@ void CardLabel::contextMenuEvent(QContextMenuEvent* event) {
 void CardLabel::paintEvent(QPaintEvent*) {
   QPainter p(this);
   p.setRenderHint(QPainter::Antialiasing);
-  const QRectF r = QRectF(rect()).adjusted(1, 1, -1, -1);
+  const QRectF outer(rect());
+  if (highlighted_) PaintRing(p, outer, palette().color(QPalette::Highlight));
+  const QRectF r = outer.adjusted(kRing, kRing, -kRing, -kRing);
+  const double radius = Radius(r);
+  const bool hover = isEnabled() && underMouse();
   if (faceDown()) {
-    PaintBack(p, r, text() == QLatin1String(kFaceDown), font());
+    PaintBack(p, r, text() == QLatin1String(kFaceDown), face_font_);
     // Face-down cards can be picked too (the opponent's, for Smackem and Takem).
-    if (marked_ || (isEnabled() && underMouse())) {
+    if (marked_ || hover) {
       p.setPen(QPen(marked_ ? kMarkedEdge : kHoverEdge, marked_ ? 3 : 2));
-      p.drawRoundedRect(r.adjusted(1, 1, -1, -1), 4, 4);
+      p.drawRoundedRect(r.adjusted(1, 1, -1, -1), radius, radius);
     }
     return;
   }
   QPainterPath card;
-  card.addRoundedRect(r, 4, 4);
+  card.addRoundedRect(r, radius, radius);
   p.fillPath(card, marked_ ? kMarkedFill : kFaceFill);
 
-  // A thin bar under the number repeats its size for a glance along the Stack.
+  const QFontMetricsF fm(face_font_);
+  const double pad_x = face_font_.pixelSize() * kPadX;
+  // A bar under the number repeats its size for a glance along the Stack.
   bool ok = false;
   const int number = text().trimmed().toInt(&ok);
+  const double bar = std::max(2.0, r.height() * 0.08);
   if (ok && number > 0) {
-    const qreal w = (r.width() - 8) * std::min(number, 100) / 100.0;
-    p.fillRect(QRectF(r.left() + 4, r.bottom() - 4, w, 2), kMagnitude);
+    const double w = (r.width() - 2 * pad_x) * std::min(number, 100) / 100.0;
+    p.fillRect(QRectF(r.left() + pad_x, r.bottom() - bar - std::max(1.5, bar * 0.6), w, bar),
+               kMagnitude);
   }
 
   // Leading blanks place the digits; count them rather than trust text shaping with them.
-  const QFontMetrics fm(font());
   const QString face = text();
   int blanks = 0;
   while (blanks < face.size() && face[blanks] == QLatin1Char(' ')) ++blanks;
-  const qreal x = kPadX + blanks * fm.horizontalAdvance(QLatin1Char(' '));
+  const double x = r.left() + pad_x + blanks * fm.horizontalAdvance(QLatin1Char(' '));
+  p.setFont(face_font_);
   p.setPen(isEnabled() || marked_ ? kFaceInk : kFaceInkDisabled);
-  p.drawText(QRectF(x, 0, width() - x, height() - 1), Qt::AlignVCenter | Qt::AlignLeft,
+  p.drawText(QRectF(x, r.top(), r.right() - x, r.height() - bar), Qt::AlignVCenter | Qt::AlignLeft,
              face.mid(blanks).trimmed());
 
   QColor edge = kEdge;
-  qreal pen = 1;
+  double pen = 1;
   if (marked_) {
     edge = kMarkedEdge;
     pen = 3;
-  } else if (isEnabled() && underMouse()) {
+  } else if (hover) {
     edge = kHoverEdge;
     pen = 2;
   }
   p.setPen(QPen(edge, pen));
-  p.drawRoundedRect(r.adjusted(pen / 2 - 0.5, pen / 2 - 0.5, 0.5 - pen / 2, 0.5 - pen / 2), 4, 4);
+  p.setBrush(Qt::NoBrush);
+  p.drawRoundedRect(r.adjusted(pen / 2, pen / 2, -pen / 2, -pen / 2), radius, radius);
 }
 
 CardBack::CardBack(QWidget* parent) : QWidget(parent) {
@@ -174,13 +236,29 @@ CardBack::CardBack(QWidget* parent) : QWidget(parent) {
 }
 
 QSize CardBack::sizeHint() const {
-  return CardSize(font());
+  return CardSizeFor(QFontInfo(font()).pixelSize()).toSize();
+}
+
+void CardBack::setHighlighted(bool on) {
+  if (on == highlighted_) return;
+  highlighted_ = on;
+  update();
 }
 
 void CardBack::paintEvent(QPaintEvent*) {
   QPainter p(this);
   p.setRenderHint(QPainter::Antialiasing);
-  PaintBack(p, QRectF(rect()).adjusted(1, 1, -1, -1), false, font());
+  const QRectF outer(rect());
+  const QRectF r = outer.adjusted(kRing, kRing, -kRing, -kRing);
+  PaintBack(p, r, false, font());
+  if (!highlighted_) return;
+  // A ring alone hardly shows against the back's blue: the back lights up too.
+  PaintRing(p, outer, palette().color(QPalette::Highlight));
+  QColor glow = palette().color(QPalette::Highlight).lighter(150);
+  glow.setAlpha(110);
+  QPainterPath card;
+  card.addRoundedRect(r, Radius(r), Radius(r));
+  p.fillPath(card, glow);
 }
 
 PromptButton::PromptButton(QWidget* parent) : QPushButton(parent) {
@@ -197,9 +275,19 @@ QRect PromptButton::TextRect(const QRect& rect) const {
   return rect.adjusted(10, 6, -10, -6);
 }
 
+QString PromptButton::Lines(const QString& caption) {
+  static const QRegularExpression run(QStringLiteral(" {2,}"));
+  return caption.trimmed().split(run, Qt::SkipEmptyParts).join(QLatin1Char('\n'));
+}
+
+void PromptButton::setStandsOut(bool on) {
+  stands_out_ = on;
+  update();
+}
+
 int PromptButton::heightForWidth(int width) const {
-  const QRect bounds = fontMetrics().boundingRect(TextRect(QRect(0, 0, width, 10000)),
-                                                  Qt::AlignCenter | Qt::TextWordWrap, text());
+  const QRect bounds = fontMetrics().boundingRect(
+      TextRect(QRect(0, 0, width, 10000)), Qt::AlignCenter | Qt::TextWordWrap, Lines(text()));
   return std::max(bounds.height() + 12, fontMetrics().height() * 2 + 12);
 }
 
@@ -216,9 +304,13 @@ void PromptButton::paintEvent(QPaintEvent*) {
   QStyleOptionButton option;
   initStyleOption(&option);
   option.text.clear();
+  if (stands_out_ && isEnabled()) {
+    option.palette.setColor(QPalette::Button, palette().color(QPalette::Highlight));
+    option.palette.setColor(QPalette::ButtonText, palette().color(QPalette::HighlightedText));
+  }
   p.drawControl(QStyle::CE_PushButton, option);
-  p.drawItemText(TextRect(rect()), Qt::AlignCenter | Qt::TextWordWrap, palette(), isEnabled(),
-                 text(), QPalette::ButtonText);
+  p.drawItemText(TextRect(rect()), Qt::AlignCenter | Qt::TextWordWrap, option.palette, isEnabled(),
+                 Lines(text()), QPalette::ButtonText);
 }
 
 SpreadHeading::SpreadHeading(QWidget* parent) : QWidget(parent) {
@@ -251,6 +343,34 @@ void SpreadHeading::paintEvent(QPaintEvent*) {
   const qreal part = qreal(width()) / words.size();
   for (int i = 0; i < words.size(); ++i)
     p.drawText(QRectF(i * part, 0, part, height()), Qt::AlignCenter, words[i]);
+}
+
+PromptLine::PromptLine(QWidget* parent) : QWidget(parent) {
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  setFixedHeight(sizeHint().height());
+}
+
+void PromptLine::setText(const QString& text) {
+  if (text == text_) return;
+  text_ = text;
+  setAccessibleName(text_);
+  update();
+}
+
+QSize PromptLine::sizeHint() const {
+  return {200, 2 * fontMetrics().lineSpacing() + 4};
+}
+
+void PromptLine::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange) setFixedHeight(sizeHint().height());
+}
+
+void PromptLine::paintEvent(QPaintEvent*) {
+  QPainter p(this);
+  p.setPen(palette().color(QPalette::WindowText));
+  p.drawText(rect().adjusted(2, 2, -2, -2), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap,
+             text_);
 }
 
 }  // namespace bq::qt

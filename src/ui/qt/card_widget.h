@@ -20,6 +20,9 @@ class CardLabel : public QAbstractButton {
   void setFace(const QString& face);
   bool marked() const { return marked_; }
   void setMarked(bool marked);
+  // A ring round the card in the palette's highlight colour: it draws the eye, it is no choice.
+  bool highlighted() const { return highlighted_; }
+  void setHighlighted(bool on);
   // The accessible name is made of this and the face, e.g. "Your card 3: 45".
   void setSpokenPrefix(const QString& prefix);
   bool faceDown() const;
@@ -34,12 +37,15 @@ class CardLabel : public QAbstractButton {
   void paintEvent(QPaintEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void UpdateSpokenName();
 
   bool marked_ = false;
+  bool highlighted_ = false;
   QString prefix_;
+  QFont face_font_;  // follows the card's size
 };
 
 // Stands in a slot whose card the player may not see: the back of a card, not clickable.
@@ -48,17 +54,26 @@ class CardBack : public QWidget {
  public:
   explicit CardBack(QWidget* parent = nullptr);
   QSize sizeHint() const override;
+  bool highlighted() const { return highlighted_; }
+  void setHighlighted(bool on);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  bool highlighted_ = false;
 };
 
-// A button whose caption is a whole message. It wraps, keeping the caption's runs of blanks, so
-// long prompts stay readable in a narrow column.
+// A button whose caption is a whole message, laid out as a narrow button of its own: a run of
+// blanks in the caption ends a line, and a line too long for the button wraps at its blanks.
 class PromptButton : public QPushButton {
   Q_OBJECT
  public:
   explicit PromptButton(QWidget* parent = nullptr);
+  // "    You win.    Click here to continue." -> "You win.\nClick here to continue."
+  static QString Lines(const QString& caption);
+  // A result button stands out in the palette's highlight colours.
+  void setStandsOut(bool on);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
   bool hasHeightForWidth() const override { return true; }
@@ -69,6 +84,7 @@ class PromptButton : public QPushButton {
 
  private:
   QRect TextRect(const QRect& rect) const;
+  bool stands_out_ = false;
 };
 
 // A heading whose blank-separated words stand over equal columns below it ("Wins   Losses   Ties"
@@ -89,7 +105,31 @@ class SpreadHeading : public QWidget {
   QString text_;
 };
 
+// The prompt line under the board: up to two lines of words in the window's font, in a strip
+// of fixed height, so a new prompt repaints the strip and moves nothing.
+class PromptLine : public QWidget {
+  Q_OBJECT
+  Q_PROPERTY(QString text READ text WRITE setText)
+ public:
+  explicit PromptLine(QWidget* parent = nullptr);
+  QString text() const { return text_; }
+  void setText(const QString& text);
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  QString text_;
+};
+
 // The font of card faces and of the judgement labels.
 QFont CardFont(const QFont& base);
+// A card label's size for a face font of this pixel size, and the largest face font that fits a
+// label: the card face with its margins and the room of the highlight ring.
+QSizeF CardSizeFor(double font_px);
+double CardFontFor(QSizeF size);
 
 }  // namespace bq::qt

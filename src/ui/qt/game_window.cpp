@@ -7,6 +7,7 @@
 #include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -17,6 +18,8 @@
 #include <QRadioButton>
 #include <QScreen>
 #include <QStatusBar>
+#include <QStyle>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <cmath>
 #include <tuple>
@@ -24,6 +27,7 @@
 #include <vector>
 
 #include "ui/qt/app_paths.h"
+#include "ui/qt/board_table.h"
 #include "ui/qt/card_widget.h"
 #include "ui/qt/front_end.h"
 
@@ -76,21 +80,38 @@ GameWindow::GameWindow(FrontEnd& front, GameModel& model)
   setObjectName(QStringLiteral("frmGame"));
   central_ = new QWidget(this);
   central_->installEventFilter(this);
-  auto* rows = new QVBoxLayout(central_);
-  rows->setContentsMargins(12, 10, 12, 8);
-  auto* columns = new QHBoxLayout;
-  columns->setSpacing(18);
-  columns->addWidget(BuildBoard(), 0, Qt::AlignTop);
-  columns->addWidget(BuildSidePanel(), 1);
-  rows->addLayout(columns, 1);
-  QLabel* prompt = NamedLabel("lblPrompt", central_, Qt::AlignLeft);
-  prompt->setWordWrap(true);
-  rows->addWidget(prompt);
+  auto* grid = new QGridLayout(central_);
+  grid->setContentsMargins(10, 6, 10, 4);
+  grid->setHorizontalSpacing(16);
+  grid->setVerticalSpacing(4);
+  grid->addWidget(BuildTable(), 0, 0);
+  grid->addWidget(BuildSidePanel(), 0, 1);
+  grid->setColumnStretch(0, 1);
+  grid->setRowStretch(0, 1);
+  auto* prompt = new PromptLine(central_);
+  binder_.Bind("lblPrompt", prompt);
+  grid->addWidget(prompt, 1, 0, 1, 2);
   setCentralWidget(central_);
   BuildMenus();
   BuildStatusBar();
   SetTabOrder();
+  highlight_timer_ = new QTimer(this);
+  highlight_timer_->setSingleShot(true);
+  highlight_timer_->setInterval(1600);
+  connect(highlight_timer_, &QTimer::timeout, this, [this] {
+    brief_shown_ = false;
+    RefreshHighlights();
+  });
   Refresh();
+  // As wide as the options need with the captions bold, as they are while a game runs, so the
+  // panel never widens during a game.
+  for (auto* box : options_->findChildren<QCheckBox*>()) box->setFont(Bold(box->font()));
+  side_->setFixedWidth(side_->sizeHint().width());
+  for (auto* box : options_->findChildren<QCheckBox*>()) {
+    QFont f = box->font();
+    f.setBold(model_.Find(box->objectName().toStdString())->marked != 0);
+    box->setFont(f);
+  }
 }
 
 QLabel* GameWindow::NamedLabel(const std::string& name, QWidget* parent, Qt::Alignment align) {
@@ -122,6 +143,7 @@ Button* GameWindow::NamedButton(const std::string& name, QWidget* parent) {
     delete button;
     return nullptr;
   }
+  button->installEventFilter(this);  // no focus ring from a right click
   connect(button, &QAbstractButton::clicked, this, [this, name] { front_.Click(name); });
   return button;
 }
@@ -134,94 +156,50 @@ QAction* GameWindow::NamedAction(const std::string& name, QMenu* menu, bool chec
   return action;
 }
 
-QWidget* GameWindow::BuildBoard() {
-  auto* board = new QWidget(central_);
-  auto* grid = new QGridLayout(board);
-  grid->setContentsMargins(0, 0, 0, 0);
-  grid->setHorizontalSpacing(4);
-  grid->setVerticalSpacing(2);
+QWidget* GameWindow::BuildTable() {
+  table_ = new BoardTable(central_);
+  BoardTable& t = *table_;
   const QFont small = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  const int range_width = QFontMetrics(small).horizontalAdvance(QStringLiteral(" 100")) + 4;
-
-  // Columns: range B, card B, judgement, gap, range A, card A.
-  QLabel* head_b = NamedLabel("lblStackB", board, Qt::AlignCenter);
-  QLabel* head_a = NamedLabel("lblStackA", board, Qt::AlignCenter);
-  head_b->setFont(Bold(head_b->font()));
-  head_a->setFont(Bold(head_a->font()));
-  grid->addWidget(head_b, 0, 0, 1, 3);
-  grid->addWidget(head_a, 0, 4, 1, 2);
+  t.b.heading = NamedLabel("lblStackB", &t, Qt::AlignCenter);
+  t.a.heading = NamedLabel("lblStackA", &t, Qt::AlignCenter);
+  for (QLabel* head : {t.a.heading, t.b.heading}) head->setFont(Bold(head->font()));
   for (int i = 1; i <= kMaxStackSize; ++i) {
-    for (const char* range : {"lblRangeB", "lblRangeA"}) {
-      QLabel* label = NamedLabel(Slot(range, i), board, Qt::AlignRight);
-      label->setFont(small);
-      grid->addWidget(label, i, range[8] == 'B' ? 0 : 4);
+    const auto k = static_cast<size_t>(i);
+    for (auto [side, range, card, spoken] :
+         {std::tuple{&t.b, "lblRangeB", "lblCardB", "Opponent's card %1"},
+          std::tuple{&t.a, "lblRangeA", "lblCardA", "Your card %1"}}) {
+      side->ranges[k] = NamedLabel(Slot(range, i), &t, Qt::AlignRight);
+      side->ranges[k]->setFont(small);
+      side->backs[k] = new CardBack(&t);
+      side->cards[k] = NamedCard(Slot(card, i), &t);
+      side->cards[k]->setSpokenPrefix(QString::fromLatin1(spoken).arg(i));
     }
-    QLabel* verdict = NamedLabel(Slot("lblGoodBad", i), board, Qt::AlignCenter);
-    verdict->setFont(Bold(small));
-    grid->addWidget(verdict, i, 2);
-    backs_b_[static_cast<size_t>(i)] = new CardBack(board);
-    grid->addWidget(backs_b_[static_cast<size_t>(i)], i, 1);
-    NamedCard(Slot("lblCardB", i), board)
-        ->setSpokenPrefix(QStringLiteral("Opponent's card %1").arg(i));
-    grid->addWidget(binder_.Widget(Slot("lblCardB", i)), i, 1);
-    backs_a_[static_cast<size_t>(i)] = new CardBack(board);
-    grid->addWidget(backs_a_[static_cast<size_t>(i)], i, 5);
-    NamedCard(Slot("lblCardA", i), board)->setSpokenPrefix(QStringLiteral("Your card %1").arg(i));
-    grid->addWidget(binder_.Widget(Slot("lblCardA", i)), i, 5);
+    t.verdicts[k] = NamedLabel(Slot("lblGoodBad", i), &t, Qt::AlignCenter);
+    t.verdicts[k]->setFont(Bold(small));
   }
-  grid->setColumnMinimumWidth(0, range_width);
-  grid->setColumnMinimumWidth(2, QFontMetrics(small).horizontalAdvance(QLatin1Char('R')) + 8);
-  grid->setColumnMinimumWidth(3, 10);
-  grid->setColumnMinimumWidth(4, range_width);
-
-  auto setup_row = [&](const char* smackem, const char* takem, int col, int span) {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(4);
-    for (const char* name : {smackem, takem})
-      if (QPushButton* b = NamedButton<QPushButton>(name, board)) row->addWidget(b);
-    grid->addLayout(row, kMaxStackSize + 1, col, 1, span);
-  };
-  setup_row("cmdSetupSmackemB", "cmdSetupTakemB", 0, 3);
-  setup_row("cmdSetupSmackemA", "cmdSetupTakemA", 4, 2);
-  grid->setRowMinimumHeight(kMaxStackSize + 1, 30);
-  return board;
-}
-
-QWidget* GameWindow::BuildPiles() {
-  auto* piles = new QWidget(central_);
-  auto* row = new QHBoxLayout(piles);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(14);
+  t.b.setups = {NamedButton<QPushButton>("cmdSetupSmackemB", &t),
+                NamedButton<QPushButton>("cmdSetupTakemB", &t)};
+  t.a.setups = {NamedButton<QPushButton>("cmdSetupSmackemA", &t),
+                NamedButton<QPushButton>("cmdSetupTakemA", &t)};
+  size_t p = 0;
   for (auto [heading, pile, spoken] : {std::tuple{"lblDiscard", "lblDiscardPile", "Discard Pile"},
                                        std::tuple{"lblDraw", "lblDrawPile", "Draw Pile"}}) {
-    auto* column = new QVBoxLayout;
-    column->setSpacing(3);
-    QLabel* title = NamedLabel(heading, piles, Qt::AlignCenter);
-    title->setFont(Bold(title->font()));
-    column->addWidget(title);
-    CardLabel* card = NamedCard(pile, piles);
-    card->setSpokenPrefix(QString::fromLatin1(spoken));
-    column->addWidget(card, 0, Qt::AlignHCenter);
-    column->addStretch();
-    row->addLayout(column);
+    t.pile_headings[p] = NamedLabel(heading, &t, Qt::AlignCenter);
+    t.pile_headings[p]->setFont(Bold(t.pile_headings[p]->font()));
+    t.piles[p] = NamedCard(pile, &t);
+    t.piles[p]->setSpokenPrefix(QString::fromLatin1(spoken));
+    ++p;
   }
-  auto* counts = new QGridLayout;
-  counts->setVerticalSpacing(2);
-  QLabel* title = NamedLabel("lblMoveCount", piles, Qt::AlignCenter);
-  title->setFont(Bold(title->font()));
-  counts->addWidget(title, 0, 0, 1, 2);
+  t.count_heading = NamedLabel("lblMoveCount", &t, Qt::AlignLeft);
+  t.count_heading->setFont(Bold(t.count_heading->font()));
   const char* captions[] = {"You", "Opponent"};
   const char* names[] = {"lblMoveCountA", "lblMoveCountB"};
-  for (int i = 0; i < 2; ++i) {
-    auto* caption = new QLabel(QString::fromLatin1(captions[i]), piles);
-    move_count_captions_[static_cast<size_t>(i)] = caption;
-    counts->addWidget(caption, i + 1, 0);
-    counts->addWidget(NamedLabel(names[i], piles, Qt::AlignRight), i + 1, 1);
+  for (size_t i = 0; i < 2; ++i) {
+    t.count_captions[i] = new QLabel(QString::fromLatin1(captions[i]), &t);
+    t.counts[i] = NamedLabel(names[i], &t, Qt::AlignRight);
   }
-  counts->setRowStretch(3, 1);
-  row->addLayout(counts);
-  row->addStretch();
-  return piles;
+  t.Finish();
+  return table_;
 }
 
 QWidget* GameWindow::BuildOptions() {
@@ -266,44 +244,40 @@ QWidget* GameWindow::BuildOptions() {
 }
 
 QWidget* GameWindow::BuildPrompts() {
-  auto* area = new QFrame(central_);
-  area->setFrameShape(QFrame::StyledPanel);
-  area->setFrameShadow(QFrame::Sunken);
-  auto* column = new QVBoxLayout(area);
-  column->setContentsMargins(6, 6, 6, 6);
-  column->setSpacing(4);
-  for (const char* name : kPrompts)
-    if (PromptButton* b = NamedButton<PromptButton>(name, area)) column->addWidget(b);
-  column->addStretch();
-  // Room for two two-line prompts (the move button and the computer's), so that the panels
-  // above never give way when prompts come and go.
-  area->setMinimumHeight(2 * PromptButton().heightForWidth(300) + 16);
-  return area;
+  prompts_ = new PromptArea(central_);
+  for (const char* name : kPrompts) {
+    if (PromptButton* b = NamedButton<PromptButton>(name, prompts_)) {
+      const std::string n = name;
+      prompts_->Add(b, n == "cmdPlayA" || n == "cmdPlayB");
+      b->setStandsOut(n == "cmdAWins" || n == "cmdBWins" || n == "cmdCWins" || n == "cmdBothWin");
+    }
+  }
+  return prompts_;
 }
 
 QWidget* GameWindow::BuildSidePanel() {
-  auto* panel = new QWidget(central_);
+  auto* panel = side_ = new QWidget(central_);
   auto* column = new QVBoxLayout(panel);
   column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(10);
-  column->addWidget(BuildPiles());
-  column->addWidget(BuildOptions());
+  column->setSpacing(8);
+  options_ = BuildOptions();
+  column->addWidget(options_);
   auto* buttons = new QHBoxLayout;
-  for (const char* name : {"cmdNew", "cmdQuit"}) {
-    QPushButton* b = NamedButton<QPushButton>(name, panel);
-    b->setMinimumHeight(30);
-    buttons->addWidget(b);
-  }
+  for (const char* name : {"cmdNew", "cmdQuit"})
+    buttons->addWidget(NamedButton<QPushButton>(name, panel));
   column->addLayout(buttons);
-  column->addWidget(BuildPrompts(), 1);
+  column->addWidget(BuildPrompts());
+  column->addStretch(1);
   return panel;
 }
 
 void GameWindow::BuildMenus() {
   QMenu* file = menuBar()->addMenu(QString());
   binder_.Bind("mnuFile", file->menuAction());
-  for (const char* name : {"mnuFileNewGame", "mnuFileQuitGame", "mnuFileExit"})
-    NamedAction(name, file, false);
+  NamedAction("mnuFileNewGame", file, false)
+      ->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_N), QKeySequence(Qt::Key_F2)});
+  NamedAction("mnuFileQuitGame", file, false);
+  NamedAction("mnuFileExit", file, false)->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
 
   QMenu* options = menuBar()->addMenu(QString());
   binder_.Bind("mnuOptions", options->menuAction());
@@ -330,7 +304,7 @@ void GameWindow::BuildMenus() {
 
   QMenu* help = menuBar()->addMenu(QString());
   binder_.Bind("mnuHelp", help->menuAction());
-  NamedAction("mnuHelpHowToPlay", help, false);
+  NamedAction("mnuHelpHowToPlay", help, false)->setShortcut(QKeySequence(Qt::Key_F1));
   NamedAction("mnuHelpAbout", help, false);
 
   form_popup_ = new QMenu(this);
@@ -374,14 +348,38 @@ void GameWindow::SetTabOrder() {
 void GameWindow::Refresh() {
   binder_.Apply();
   const int n = model_.state().stack_size;
+  BoardTable& t = *table_;
   for (size_t i = 1; i <= kMaxStackSize; ++i) {
     const bool in_stack = static_cast<int>(i) <= n;
-    backs_a_[i]->setVisible(in_stack && !model_.lblCardA[i].visible);
-    backs_b_[i]->setVisible(in_stack && !model_.lblCardB[i].visible);
+    t.a.backs[i]->setVisible(in_stack && !model_.lblCardA[i].visible);
+    t.b.backs[i]->setVisible(in_stack && !model_.lblCardB[i].visible);
   }
-  move_count_captions_[0]->setVisible(model_.lblMoveCountA.visible);
-  move_count_captions_[1]->setVisible(model_.lblMoveCountB.visible);
+  t.count_captions[0]->setVisible(model_.lblMoveCountA.visible);
+  t.count_captions[1]->setVisible(model_.lblMoveCountB.visible);
+  if (n != t.stackSize()) t.SetStackSize(n);
+  prompts_->Arrange(!model_.fast_mode() || model_.cmdPlayB.visible);
+  RefreshHighlights();
   if (placed_ && n != fitted_stack_size_) FitToContents();
+}
+
+void GameWindow::RefreshHighlights() {
+  if (model_.highlight_serial() != highlight_serial_) {
+    highlight_serial_ = model_.highlight_serial();
+    brief_shown_ = true;
+    highlight_timer_->start();
+  }
+  auto lit = [this](const Control& c) {
+    return c.highlight == kHighlightSteady || (c.highlight == kHighlightBrief && brief_shown_);
+  };
+  BoardTable& t = *table_;
+  for (size_t i = 1; i <= kMaxStackSize; ++i) {
+    t.a.cards[i]->setHighlighted(lit(model_.lblCardA[i]));
+    t.a.backs[i]->setHighlighted(lit(model_.lblCardA[i]));
+    t.b.cards[i]->setHighlighted(lit(model_.lblCardB[i]));
+    t.b.backs[i]->setHighlighted(lit(model_.lblCardB[i]));
+  }
+  t.piles[0]->setHighlighted(lit(model_.lblDiscardPile));
+  t.piles[1]->setHighlighted(lit(model_.lblDrawPile));
 }
 
 double GameWindow::Dpi() const {
@@ -395,21 +393,49 @@ QSize GameWindow::BaseSize() const {
 }
 
 void GameWindow::FitToContents() {
-  // A change of Stack size hides or shows ten rows: grow or shrink the window to suit.
-  fitted_stack_size_ = model_.state().stack_size;
-  // Hidden rows take effect in the layouts through posted requests; settle them now.
+  // A change of Stack size adds or takes away ten rows: the window grows or shrinks by what they
+  // need, and comes back to the size it had before when the Stack size does.
+  const int old_n = fitted_stack_size_;
+  const int n = model_.state().stack_size;
+  fitted_stack_size_ = n;
   QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-  for (QLayout* l : findChildren<QLayout*>()) l->invalidate();
   layout()->activate();
-  resize(BaseSize().expandedTo(sizeHint()));
+  if (isMaximized() || isFullScreen()) return;
+  if (old_n > 0) size_for_[static_cast<size_t>(old_n)] = size();
+  QSize want = size_for_[static_cast<size_t>(n)];
+  if (!want.isValid()) {
+    want = old_n > 0 ? size() + table_->PreferredSize(n) - table_->PreferredSize(old_n)
+                     : BaseSize().expandedTo(sizeHint());
+    if (const QScreen* s = screen()) {
+      const QSize frame = frameGeometry().size() - size();
+      want = want.boundedTo(s->availableGeometry().size() - frame);
+    }
+  }
+  resize(want.expandedTo(minimumSizeHint()));
+}
+
+void GameWindow::KeepOnScreen() {
+  // Less than a title bar's height of the window on every screen (a monitor gone, a hand-edited
+  // file): it comes to the middle of the main screen.
+  const int bar = std::max(24, style()->pixelMetric(QStyle::PM_TitleBarHeight));
+  const QRect frame(pos(), frameGeometry().size().expandedTo(size()));
+  for (const QScreen* s : QGuiApplication::screens()) {
+    const QRect seen = frame.intersected(s->availableGeometry());
+    if (seen.height() >= bar && seen.width() >= bar) return;
+  }
+  const QScreen* home = QGuiApplication::primaryScreen();
+  if (home == nullptr) return;
+  const QRect room = home->availableGeometry();
+  move(room.x() + std::max(0, (room.width() - frame.width()) / 2),
+       room.y() + std::max(0, (room.height() - frame.height()) / 2));
 }
 
 void GameWindow::PlaceAtStoredPosition() {
-  // Used as stored, even far off the screen: the settings file is the player's to edit.
   move(static_cast<int>(std::lround(TwipsToPixels(model_.window_left(), Dpi()))),
        static_cast<int>(std::lround(TwipsToPixels(model_.window_top(), Dpi()))));
   placed_ = true;
   FitToContents();
+  KeepOnScreen();
 }
 
 void GameWindow::moveEvent(QMoveEvent* event) {
@@ -437,7 +463,15 @@ bool GameWindow::OnBackground(QWidget* hit) const {
 }
 
 bool GameWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (watched != central_) return QMainWindow::eventFilter(watched, event);
+  if (watched != central_) {
+    // Buttons answer the left button only; another one would just leave a focus ring behind.
+    const auto type = event->type();
+    if ((type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick ||
+         type == QEvent::MouseButtonRelease) &&
+        static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton)
+      return true;
+    return QMainWindow::eventFilter(watched, event);
+  }
   if (event->type() == QEvent::MouseButtonPress) {
     auto* mouse = static_cast<QMouseEvent*>(event);
     if (mouse->button() == Qt::LeftButton &&

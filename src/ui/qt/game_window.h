@@ -11,22 +11,25 @@ class QAbstractButton;
 class QGridLayout;
 class QLabel;
 class QMenu;
+class QTimer;
 class QVBoxLayout;
 
 namespace bq::qt {
 
-class CardBack;
+class BoardTable;
 class CardLabel;
 class FrontEnd;
+class PromptArea;
 
-// frmGame: both Stacks as columns (slot 1 at the top, so an ordered Stack reads as a diagonal),
-// the piles, the option panels, the game buttons, one area for the prompt buttons, the menus
-// and the status bar. It draws GameModel and forwards input to the FrontEnd.
+// frmGame: the table (both Stacks, the piles and the move counts) takes the room the window has;
+// beside it the option panels, the game buttons and the prompt buttons take what they need;
+// under both, the prompt line. Then the menus and the status bar. It draws GameModel and forwards
+// input to the FrontEnd.
 //
 // Keyboard play: 1..9 and 0 pick slots 1..10 of your Stack, Shift with them slots 11..20; Ctrl
 // (and Ctrl+Shift) the same slots of the opponent's Stack; D the Discard Pile, P the Draw Pile;
 // Enter or Space presses the focused button; Alt with the underlined letter any option or
-// button; Tab moves between controls.
+// button; Tab moves between controls. F1 How To Play, Ctrl+N or F2 a new game, Ctrl+Q exit.
 class GameWindow : public QMainWindow {
   Q_OBJECT
  public:
@@ -41,6 +44,7 @@ class GameWindow : public QMainWindow {
   QMenu* cardPopup() const { return card_popup_; }
   // The window's size with 10-card Stacks, 9105 x 5235 twips, in this screen's logical pixels.
   QSize BaseSize() const;
+  BoardTable* table() const { return table_; }
   // The model event a key stands for ("lblCardA(3)"), or "" for none.
   static std::string KeyTarget(int key, Qt::KeyboardModifiers modifiers, quint32 scan_code);
 
@@ -51,11 +55,11 @@ class GameWindow : public QMainWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  QWidget* BuildBoard();
+  QWidget* BuildTable();
   QWidget* BuildSidePanel();
-  QWidget* BuildPiles();
   QWidget* BuildOptions();
   QWidget* BuildPrompts();
+  void RefreshHighlights();
   void BuildMenus();
   void BuildStatusBar();
   void SetTabOrder();
@@ -67,18 +71,25 @@ class GameWindow : public QMainWindow {
   QAction* NamedAction(const std::string& name, QMenu* menu, bool checkable);
   bool OnBackground(QWidget* hit) const;
   void FitToContents();
+  void KeepOnScreen();
   double Dpi() const;
 
   FrontEnd& front_;
   GameModel& model_;
   ControlBinder binder_;
-  std::array<CardBack*, kMaxStackSize + 1> backs_a_{};
-  std::array<CardBack*, kMaxStackSize + 1> backs_b_{};
-  std::array<QLabel*, 2> move_count_captions_{};
+  BoardTable* table_ = nullptr;
+  PromptArea* prompts_ = nullptr;
+  QWidget* side_ = nullptr;
+  QWidget* options_ = nullptr;
   QWidget* central_ = nullptr;
+  // Brief highlights show for a moment after the event that set them.
+  QTimer* highlight_timer_ = nullptr;
+  int highlight_serial_ = -1;
+  bool brief_shown_ = false;
   QMenu* form_popup_ = nullptr;
   QMenu* card_popup_ = nullptr;
   int fitted_stack_size_ = 0;
+  std::array<QSize, kMaxStackSize + 1> size_for_{};  // the window's size by Stack size
   bool placed_ = false;
 };
 

@@ -7,6 +7,7 @@
 
 #include "qt_fixture.h"
 #include "store/settings.h"
+#include "ui/qt/board_table.h"
 #include "ui/qt/generic_window.h"
 
 using namespace bq;
@@ -223,6 +224,26 @@ class GameWindowTest : public QObject {
     QVERIFY(!s.app->IsOpen("frmStats"));
   }
 
+  // With 20-card Stacks the whole board fits a 1366 x 768 screen at 100 % and a 1920 x 1080 one
+  // at 200 % (960 x 540 logical pixels, less a title bar and a panel), and the cards grow with
+  // the window.
+  void theBoardFitsSmallScreensAndGrowsWithTheWindow() {
+    Session s("[Options]\nSetStackem=1\n");
+    GameWindow* w = s.window();
+    const QSize smallest = w->minimumSizeHint();
+    QVERIFY2(smallest.width() <= 960 && smallest.height() <= 540 - 62,
+             qPrintable(QStringLiteral("%1x%2").arg(smallest.width()).arg(smallest.height())));
+    w->resize(smallest);
+    QCoreApplication::processEvents();
+    const double small_font = w->table()->cardFontSize();
+    const int small_card = s.find("lblCardA(1)")->height();
+    w->resize(1800, 1100);
+    QCoreApplication::processEvents();
+    QVERIFY(w->table()->cardFontSize() > 1.5 * small_font);
+    QVERIFY(s.find("lblCardA(20)")->height() > 1.5 * small_card);
+    QVERIFY(s.find("lblDiscardPile")->height() > s.find("lblCardA(1)")->height());
+  }
+
   void windowPositionIsKeptInTwips() {
     Session s("[WindowPosition]\nLeft=1500\nTop=900\n");
     GameWindow* w = s.window();
@@ -230,7 +251,11 @@ class GameWindowTest : public QObject {
     auto px = [&](int t) { return int(std::lround(t / twips)); };
     QCOMPARE(w->pos(), QPoint(px(1500), px(900)));
     QCOMPARE(w->BaseSize(), QSize(px(9105), px(5235)));
-    QCOMPARE(w->size(), w->BaseSize().expandedTo(w->sizeHint()));
+    // At least its design size and the room its contents want, as far as the screen allows.
+    const QSize room = w->screen()->availableGeometry().size().expandedTo(w->minimumSizeHint());
+    QVERIFY(w->width() >= std::min(w->BaseSize().width(), room.width()));
+    QVERIFY(w->height() >= std::min(w->BaseSize().height(), room.height()));
+    QVERIFY(w->width() <= room.width() && w->height() <= room.height());
 
     w->move(200, 120);
     s.find<QAction>("mnuFileExit")->trigger();

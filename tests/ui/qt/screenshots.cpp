@@ -2,11 +2,13 @@
 #include <QFile>
 #include <QImage>
 #include <QPainter>
+#include <QPalette>
 #include <QPixmap>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTextDocument>
 #include <QtTest>
+#include <cmath>
 
 #include "qt_fixture.h"
 #include "ui/model/how_to_model.h"
@@ -88,12 +90,44 @@ void PlayToTheEnd(Session& s) {
   }
 }
 
+// Everything but the card faces follows the palette; this one stands for a dark desktop.
+QPalette Dark() {
+  QPalette p;
+  const QColor window(0x2b, 0x2d, 0x30), text(0xe4, 0xe4, 0xe4), base(0x1f, 0x20, 0x22);
+  p.setColor(QPalette::Window, window);
+  p.setColor(QPalette::WindowText, text);
+  p.setColor(QPalette::Base, base);
+  p.setColor(QPalette::AlternateBase, window);
+  p.setColor(QPalette::Text, text);
+  p.setColor(QPalette::Button, QColor(0x3a, 0x3c, 0x40));
+  p.setColor(QPalette::ButtonText, text);
+  p.setColor(QPalette::Highlight, QColor(0x4a, 0x90, 0xd9));
+  p.setColor(QPalette::HighlightedText, Qt::white);
+  p.setColor(QPalette::PlaceholderText, QColor(0x90, 0x90, 0x90));
+  p.setColor(QPalette::ToolTipBase, base);
+  p.setColor(QPalette::ToolTipText, text);
+  p.setColor(QPalette::Light, QColor(0x50, 0x52, 0x56));
+  p.setColor(QPalette::Midlight, QColor(0x44, 0x46, 0x4a));
+  p.setColor(QPalette::Mid, QColor(0x33, 0x35, 0x38));
+  p.setColor(QPalette::Dark, QColor(0x1a, 0x1b, 0x1d));
+  p.setColor(QPalette::Shadow, Qt::black);
+  for (auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    p.setColor(QPalette::Disabled, role, QColor(0x80, 0x80, 0x80));
+  return p;
+}
+
+// "100" or "200", from the scale the run was started with.
+QString Scale() {
+  const double factor = qEnvironmentVariable("QT_SCALE_FACTOR", QStringLiteral("1")).toDouble();
+  return QString::number(std::lround(factor * 100));
+}
+
 }  // namespace
 
 class Screenshots : public QObject {
   Q_OBJECT
  private slots:
-  void afterTheDeal();
+  void board();
   void learnModeWithJudgement();
   void statistics();
   void howToPictures();
@@ -101,15 +135,35 @@ class Screenshots : public QObject {
   void aboutAndHowTo();
 };
 
-void Screenshots::afterTheDeal() {
-  for (const auto& [settings, name] :
-       {std::pair{"", "screenshot-game-after-deal.png"},
-        std::pair{"[Options]\nSetStackem=1\nSetLearnMode=1\n", "screenshot-game-20-cards.png"}}) {
-    Session s(settings);
-    QVERIFY(QTest::qWaitForWindowExposed(s.window()));
+// The board after the computer's reply to a first move (its change lit up), light and dark, 10
+// and 20 cards; and an ending with the winning Stack lit and the result button standing out.
+void Screenshots::board() {
+  const QPalette light = QApplication::palette();
+  for (const bool dark : {false, true}) {
+    QApplication::setPalette(dark ? Dark() : light);
+    const QString look = dark ? QStringLiteral("dark") : QStringLiteral("light");
+    for (const char* cards : {"10", "20"}) {
+      Session s(cards == QLatin1String("20") ? "[Options]\nSetStackem=1\nSetTakem=1\n"
+                                             : "[Options]\nSetSmackem=1\n");
+      QVERIFY(QTest::qWaitForWindowExposed(s.window()));
+      QTest::mouseClick(s.find("cmdNew"), Qt::LeftButton);
+      QTest::mouseClick(s.find("lblDrawPile"), Qt::LeftButton);
+      QTest::mouseClick(s.find("lblCardA(5)"), Qt::LeftButton);
+      QTest::mouseClick(s.find("cmdPlayA"), Qt::LeftButton);
+      Save(s.window(), QStringLiteral("screenshot-board-%1-%2-%3.png").arg(Scale(), look, cards));
+    }
+    Session s;
     QTest::mouseClick(s.find("cmdNew"), Qt::LeftButton);
-    Save(s.window(), QString::fromLatin1(name));
+    s.game().SetField("Stacks(1)", "5 15 25 35 45 55 65 75 85 9");
+    s.game().SetField("DiscardTop", "95");
+    QTest::mouseClick(s.find("lblDiscardPile"), Qt::LeftButton);
+    QTest::mouseClick(s.find("lblCardA(10)"), Qt::LeftButton);
+    QTest::mouseClick(s.find("cmdPlayA"), Qt::LeftButton);
+    s.window()->Refresh();  // the set positions went round the front end
+    QVERIFY(s.game().cmdAWins.visible);
+    Save(s.window(), QStringLiteral("screenshot-board-%1-%2-won.png").arg(Scale(), look));
   }
+  QApplication::setPalette(light);
 }
 
 void Screenshots::learnModeWithJudgement() {
@@ -137,8 +191,9 @@ void Screenshots::learnModeWithJudgement() {
     QTest::mouseClick(s.find("lblCardA(" + std::to_string(slot) + ")"), Qt::LeftButton);
     QTest::mouseClick(s.find("cmdPlayA"), Qt::LeftButton);
   }
-  Save(s.window(), QStringLiteral("screenshot-game-learn-mode-judgement.png"));
-  SaveImage(Grab(s.window()), PicturesDir(), QStringLiteral("help-board-learn.png"));
+  Save(s.window(), QStringLiteral("screenshot-game-learn-mode-judgement-%1.png").arg(Scale()));
+  if (Scale() == QLatin1String("100"))  // the help's picture is made at 100 % only
+    SaveImage(Grab(s.window()), PicturesDir(), QStringLiteral("help-board-learn.png"));
 }
 
 void Screenshots::helpDocumentBoard() {

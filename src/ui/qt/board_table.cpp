@@ -1,0 +1,239 @@
+#include "ui/qt/board_table.h"
+
+#include <QEvent>
+#include <QFontInfo>
+#include <QLabel>
+#include <algorithm>
+#include <cmath>
+#include <tuple>
+
+#include "ui/qt/card_widget.h"
+
+namespace bq::qt {
+namespace {
+
+// Card faces against the window's font: the smallest lets 20-card Stacks fit a 1080-line screen
+// at 200 %, the comfortable one is where a new window starts.
+constexpr double kSmallest = 0.72;
+constexpr double kComfortable = 1.3;
+constexpr double kPileWidth = 1.2;  // a pile card against a Stack card
+constexpr double kPileHeight = 2.4;
+constexpr double kRowGap = 1;
+constexpr double kColumnGap = 6;
+constexpr double kPilesGap = 24;  // between your Stack and the piles
+constexpr double kBetweenPiles = 14;
+constexpr double kBelowRows = 4;
+
+QRect Round(double x, double y, double w, double h) {
+  const int left = static_cast<int>(std::lround(x));
+  const int top = static_cast<int>(std::lround(y));
+  return {left, top, static_cast<int>(std::lround(x + w)) - left,
+          static_cast<int>(std::lround(y + h)) - top};
+}
+
+// Fixed to its place: a widget whose size cannot change does not ask for a new layout when its
+// caption does, which keeps a click's work to repainting what changed.
+void Place(QWidget* w, const QRect& r) {
+  if (w == nullptr || w->geometry() == r) return;
+  w->setFixedSize(r.size());
+  w->move(r.topLeft());
+}
+
+}  // namespace
+
+// Everything that follows the card size is linear in the face font's pixel size, so the largest
+// font that fits a room is found from two measurements.
+struct BoardTable::Sizes {
+  double card_w = 0, card_h = 0, pile_w = 0, pile_h = 0;
+  double range_w = 0, verdict_w = 0, key_w = 0, heading_h = 0, setup_h = 0, line_h = 0;
+  double width = 0, height = 0;
+};
+
+BoardTable::BoardTable(QWidget* parent) : QWidget(parent) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  for (int k = 1; k <= kMaxStackSize; ++k) {
+    // The keys that pick the slot: 1..9 and 0, with Shift for 11..20.
+    const QString digit = QString::number(k % 10);
+    auto* key = new QLabel(k <= 10 ? digit : QStringLiteral("\u21e7") + digit, this);
+    key->setAlignment(Qt::AlignCenter);
+    key->setForegroundRole(QPalette::PlaceholderText);
+    key->setToolTip(
+        k <= 10 ? QStringLiteral("Key %1 picks this slot; Ctrl+%1 the opponent's").arg(digit)
+                : QStringLiteral("Shift+%1 picks this slot; Ctrl+Shift+%1 the "
+                                 "opponent's")
+                      .arg(digit));
+    keys_[static_cast<size_t>(k)] = key;
+  }
+}
+
+void BoardTable::Finish() {
+  SetStackSize(n_);
+}
+
+void BoardTable::SetStackSize(int n) {
+  n_ = std::clamp(n, 1, kMaxStackSize);
+  for (int k = 1; k <= kMaxStackSize; ++k) keys_[static_cast<size_t>(k)]->setVisible(k <= n_);
+  updateGeometry();
+  Arrange();
+}
+
+BoardTable::Sizes BoardTable::Measure(double font_px, int n) const {
+  Sizes s;
+  const QSizeF card = CardSizeFor(font_px);
+  s.card_w = card.width();
+  s.card_h = card.height();
+  s.pile_w = s.card_w * kPileWidth;
+  s.pile_h = s.card_h * kPileHeight;
+  const QFontMetrics fm = fontMetrics();
+  const QFontMetrics small = b.ranges[1] != nullptr ? b.ranges[1]->fontMetrics() : fm;
+  s.range_w = small.horizontalAdvance(QStringLiteral(" 100")) + 4;
+  s.verdict_w = small.horizontalAdvance(QLatin1Char('R')) + 8;
+  s.key_w = fm.horizontalAdvance(QStringLiteral("\u21e70")) + 6;
+  s.heading_h = fm.height() + 4;
+  s.line_h = fm.lineSpacing();
+  s.setup_h = a.setups[0] != nullptr ? a.setups[0]->sizeHint().height() : fm.height() + 10;
+  const double stack_w = s.range_w + s.card_w;
+  s.width = 2 * stack_w + s.verdict_w + 2 * kColumnGap + s.key_w + kPilesGap + 2 * s.pile_w +
+            kBetweenPiles;
+  s.height = s.heading_h + n * s.card_h + (n - 1) * kRowGap + kBelowRows + s.setup_h;
+  return s;
+}
+
+double BoardTable::FitFont(QSize room, int n) const {
+  const Sizes zero = Measure(0, n), one = Measure(1, n);
+  const double by_width = (room.width() - zero.width) / (one.width - zero.width);
+  const double by_height = (room.height() - zero.height) / (one.height - zero.height);
+  const double ui = QFontInfo(font()).pixelSize();
+  return std::clamp(std::min(by_width, by_height), ui * kSmallest, ui * 4.0);
+}
+
+QSize BoardTable::PreferredSize(int n) const {
+  const Sizes s = Measure(QFontInfo(font()).pixelSize() * kComfortable, n);
+  return {static_cast<int>(std::ceil(s.width)), static_cast<int>(std::ceil(s.height))};
+}
+
+QSize BoardTable::minimumSizeHint() const {
+  const Sizes s = Measure(QFontInfo(font()).pixelSize() * kSmallest, n_);
+  return {static_cast<int>(std::ceil(s.width)), static_cast<int>(std::ceil(s.height))};
+}
+
+void BoardTable::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  Arrange();
+}
+
+void BoardTable::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange) {
+    updateGeometry();
+    Arrange();
+  }
+}
+
+void BoardTable::Arrange() {
+  if (a.cards[1] == nullptr) return;  // not filled in yet
+  placed_font_ = FitFont(size(), n_);
+  const Sizes s = Measure(placed_font_, n_);
+  const double x0 = std::max(0.0, (width() - s.width) / 2);
+  const double y0 = std::max(0.0, (height() - s.height) / 2);
+  const double b_range = x0, b_card = b_range + s.range_w, verdict = b_card + s.card_w;
+  const double key = verdict + s.verdict_w + kColumnGap;
+  const double a_range = key + s.key_w + kColumnGap, a_card = a_range + s.range_w;
+  const double pile1 = a_card + s.card_w + kPilesGap, pile2 = pile1 + s.pile_w + kBetweenPiles;
+  const double rows = y0 + s.heading_h;
+
+  Place(b.heading, Round(b_range, y0, verdict + s.verdict_w - b_range, s.heading_h));
+  Place(a.heading, Round(a_range, y0, s.range_w + s.card_w, s.heading_h));
+  for (int k = 1; k <= n_; ++k) {
+    const auto i = static_cast<size_t>(k);
+    const double y = rows + (k - 1) * (s.card_h + kRowGap);
+    Place(b.ranges[i], Round(b_range, y, s.range_w - 2, s.card_h));
+    Place(b.cards[i], Round(b_card, y, s.card_w, s.card_h));
+    Place(b.backs[i], Round(b_card, y, s.card_w, s.card_h));
+    Place(verdicts[i], Round(verdict, y, s.verdict_w, s.card_h));
+    Place(keys_[i], Round(key, y, s.key_w, s.card_h));
+    Place(a.ranges[i], Round(a_range, y, s.range_w - 2, s.card_h));
+    Place(a.cards[i], Round(a_card, y, s.card_w, s.card_h));
+    Place(a.backs[i], Round(a_card, y, s.card_w, s.card_h));
+  }
+  const double setup_y = rows + n_ * (s.card_h + kRowGap) - kRowGap + kBelowRows;
+  for (const auto& [side, left, width] : {std::tuple{&b, b_range, verdict + s.verdict_w - b_range},
+                                          std::tuple{&a, a_range, s.range_w + s.card_w}}) {
+    const double half = (width - kColumnGap) / 2;
+    Place(side->setups[0], Round(left, setup_y, half, s.setup_h));
+    Place(side->setups[1], Round(left + half + kColumnGap, setup_y, half, s.setup_h));
+  }
+  for (int p = 0; p < 2; ++p) {
+    const double x = p == 0 ? pile1 : pile2;
+    Place(pile_headings[static_cast<size_t>(p)], Round(x, y0, s.pile_w, s.heading_h));
+    Place(piles[static_cast<size_t>(p)], Round(x, rows, s.pile_w, s.pile_h));
+  }
+  // Move counts under the piles, with room for five digits.
+  const double counts_y = rows + s.pile_h + 2 * kColumnGap;
+  const double digits = fontMetrics().horizontalAdvance(QStringLiteral("00000"));
+  const double counts_w =
+      std::max(s.pile_w, digits + fontMetrics().horizontalAdvance(QStringLiteral("Opponent  ")));
+  Place(count_heading, Round(pile1, counts_y, counts_w, s.heading_h));
+  for (int i = 0; i < 2; ++i) {
+    const double y = counts_y + s.heading_h + i * s.line_h;
+    Place(count_captions[static_cast<size_t>(i)], Round(pile1, y, counts_w - digits, s.line_h));
+    Place(counts[static_cast<size_t>(i)], Round(pile1 + counts_w - digits, y, digits, s.line_h));
+  }
+}
+
+constexpr int kAreaMargin = 6;
+constexpr int kAreaWidth = 240;  // the narrowest a prompt is laid out
+
+PromptArea::PromptArea(QWidget* parent) : QFrame(parent) {
+  setFrameShape(QFrame::StyledPanel);
+  setFrameShadow(QFrame::Sunken);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+void PromptArea::Add(PromptButton* button, bool move_button) {
+  buttons_.emplace_back(button, move_button);
+  measured_width_ = -1;
+  updateGeometry();
+}
+
+int PromptArea::PlaceHeight(int width) const {
+  // Measured again when the width or a caption changes (Fast Mode shortens some).
+  qsizetype text = 0;
+  for (const auto& [button, move] : buttons_) text += button->text().size();
+  if (width != measured_width_ || text != measured_text_) {
+    measured_width_ = width;
+    measured_text_ = text;
+    measured_height_ = 0;
+    for (const auto& [button, move] : buttons_)
+      measured_height_ = std::max(measured_height_, button->heightForWidth(width));
+  }
+  return measured_height_;
+}
+
+QSize PromptArea::sizeHint() const {
+  const int inner = std::max(kAreaWidth, width() - 2 * kAreaMargin);
+  return {kAreaWidth + 2 * kAreaMargin, 2 * PlaceHeight(inner) + 3 * kAreaMargin};
+}
+
+void PromptArea::resizeEvent(QResizeEvent* event) {
+  QFrame::resizeEvent(event);
+  Arrange(upper_for_move_);
+  updateGeometry();  // the height follows the width the area was given
+}
+
+void PromptArea::Arrange(bool upper_for_move) {
+  upper_for_move_ = upper_for_move;
+  const int w = width() - 2 * kAreaMargin;
+  const int h = PlaceHeight(w);
+  int next = upper_for_move ? 1 : 0;
+  for (const auto& [button, move] : buttons_) {
+    if (button->isHidden()) continue;
+    const int place = move && upper_for_move ? 0 : std::min(next++, 1);
+    const QRect r(kAreaMargin, kAreaMargin + place * (h + kAreaMargin), w, h);
+    if (button->geometry() == r) continue;
+    button->setFixedSize(r.size());
+    button->move(r.topLeft());
+  }
+}
+
+}  // namespace bq::qt

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <QFrame>
+#include <QWidget>
+#include <array>
+#include <vector>
+
+#include "engine/cards.h"
+
+class QLabel;
+
+namespace bq::qt {
+
+class CardBack;
+class CardLabel;
+class PromptButton;
+
+// The table: both Stacks as columns (slot 1 at the top, so an ordered Stack reads as a diagonal)
+// with the slot keys between them, and the two piles with the move counts beside. Everything is
+// placed by hand from one card size that follows the table's size, so cards grow with the window
+// and nothing moves when controls come and go or a count grows a digit. The window fills in the
+// widgets; the table only places them (and makes the slot keys).
+class BoardTable : public QWidget {
+  Q_OBJECT
+ public:
+  explicit BoardTable(QWidget* parent = nullptr);
+
+  struct Side {
+    QLabel* heading = nullptr;
+    std::array<CardLabel*, kMaxStackSize + 1> cards{};  // [1..20]
+    std::array<CardBack*, kMaxStackSize + 1> backs{};
+    std::array<QLabel*, kMaxStackSize + 1> ranges{};
+    std::array<QWidget*, 2> setups{};  // Smackem, Takem
+  };
+  Side a, b;
+  std::array<QLabel*, kMaxStackSize + 1> verdicts{};
+  std::array<QLabel*, 2> pile_headings{};  // Discard Pile, Draw Pile
+  std::array<CardLabel*, 2> piles{};
+  QLabel* count_heading = nullptr;
+  std::array<QLabel*, 2> count_captions{};
+  std::array<QLabel*, 2> counts{};
+
+  // Call once the widgets are in.
+  void Finish();
+  void SetStackSize(int n);
+  int stackSize() const { return n_; }
+  // The table with n rows at a comfortable card size.
+  QSize PreferredSize(int n) const;
+  QSize sizeHint() const override { return PreferredSize(n_); }
+  QSize minimumSizeHint() const override;
+  // The pixel size of the card faces' font, as placed now.
+  double cardFontSize() const { return placed_font_; }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  struct Sizes;
+  Sizes Measure(double font_px, int n) const;
+  double FitFont(QSize room, int n) const;
+  void Arrange();
+
+  int n_ = 10;
+  std::array<QLabel*, kMaxStackSize + 1> keys_{};
+  double placed_font_ = 0;
+};
+
+// The prompt buttons' area: room for two at once, the move's own button (cmdPlayA, cmdPlayB) in
+// the upper place and whatever else the game has to say in the lower, so that no prompt moves
+// another and the area never changes size.
+class PromptArea : public QFrame {
+  Q_OBJECT
+ public:
+  explicit PromptArea(QWidget* parent = nullptr);
+  void Add(PromptButton* button, bool move_button);
+  // Places the shown buttons; the upper place stays the move button's when it has one.
+  void Arrange(bool upper_for_move);
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  int PlaceHeight(int width) const;
+
+  std::vector<std::pair<PromptButton*, bool>> buttons_;
+  bool upper_for_move_ = true;
+  mutable int measured_width_ = -1;
+  mutable int measured_height_ = 0;
+  mutable qsizetype measured_text_ = -1;
+};
+
+}  // namespace bq::qt
