@@ -1,6 +1,7 @@
 #include "ui/qt/game_window.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -95,6 +96,16 @@ GameWindow::GameWindow(FrontEnd& front, GameModel& model)
   BuildMenus();
   BuildStatusBar();
   SetTabOrder();
+  // A right click on a button does nothing, so it leaves the focus where it was: no ring.
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget* old, QWidget* now) {
+    if (now == nullptr || now->window() != this || !qobject_cast<QAbstractButton*>(now) ||
+        QGuiApplication::mouseButtons() != Qt::RightButton)
+      return;
+    if (old != nullptr)
+      old->setFocus(Qt::OtherFocusReason);
+    else
+      now->clearFocus();
+  });
   highlight_timer_ = new QTimer(this);
   highlight_timer_->setSingleShot(true);
   highlight_timer_->setInterval(1600);
@@ -143,7 +154,6 @@ Button* GameWindow::NamedButton(const std::string& name, QWidget* parent) {
     delete button;
     return nullptr;
   }
-  button->installEventFilter(this);  // no focus ring from a right click
   connect(button, &QAbstractButton::clicked, this, [this, name] { front_.Click(name); });
   return button;
 }
@@ -463,15 +473,7 @@ bool GameWindow::OnBackground(QWidget* hit) const {
 }
 
 bool GameWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (watched != central_) {
-    // Buttons answer the left button only; another one would just leave a focus ring behind.
-    const auto type = event->type();
-    if ((type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick ||
-         type == QEvent::MouseButtonRelease) &&
-        static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton)
-      return true;
-    return QMainWindow::eventFilter(watched, event);
-  }
+  if (watched != central_) return QMainWindow::eventFilter(watched, event);
   if (event->type() == QEvent::MouseButtonPress) {
     auto* mouse = static_cast<QMouseEvent*>(event);
     if (mouse->button() == Qt::LeftButton &&

@@ -2,8 +2,10 @@
 #include <QLabel>
 #include <QMenu>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QtTest>
 #include <cmath>
+#include <map>
 
 #include "qt_fixture.h"
 #include "store/settings.h"
@@ -222,6 +224,123 @@ class GameWindowTest : public QObject {
 
     stats->close();  // by the frame
     QVERIFY(!s.app->IsOpen("frmStats"));
+  }
+
+  // Every option on, Learn Mode on: the player makes a Smackem and a Takem, the computer shows
+  // each of its moves, and from the deal to the result no widget moves and the window keeps its
+  // size.
+  void nothingMovesDuringAGame() {
+    Session s(
+        "[Options]\nSetStackem=1\nSetBackem=1\nSetSwitchem=1\nSetSmackem=1\nSetTakem=1\n"
+        "SetLearnMode=1\n");
+    GameWindow* w = s.window();
+    QVERIFY(QTest::qWaitForWindowExposed(w));
+    QTest::mouseClick(s.find("cmdNew"), Qt::LeftButton);
+    const QSize size = w->size();
+    // Where each named widget was when first seen.
+    std::map<QString, QRect> places;
+    int checks = 0;
+    auto nothing_moved = [&]() {
+      QCoreApplication::processEvents();
+      for (QWidget* child : w->findChildren<QWidget*>()) {
+        const QString name = child->objectName();
+        if (name.isEmpty() || name.startsWith(QLatin1String("qt_")) || !child->isVisible())
+          continue;
+        const QRect now(child->mapTo(w, QPoint()), child->size());
+        const auto [place, first] = places.emplace(name, now);
+        ++checks;
+        if (place->second != now)
+          return QStringLiteral("%1 from %2,%3 %4x%5 to %6,%7 %8x%9")
+              .arg(name)
+              .arg(place->second.x())
+              .arg(place->second.y())
+              .arg(place->second.width())
+              .arg(place->second.height())
+              .arg(now.x())
+              .arg(now.y())
+              .arg(now.width())
+              .arg(now.height());
+      }
+      return w->size() == size ? QString() : QStringLiteral("the window");
+    };
+    QCOMPARE(nothing_moved(), QString());
+    auto click = [&](const char* name) {
+      QTest::mouseClick(s.find(name), Qt::LeftButton);
+      QCOMPARE(nothing_moved(), QString());
+    };
+    const char* computer[] = {"cmdCTakesDiscard", "cmdCTakesDraw", "cmdCTakesNothing", "cmdBackemC",
+                              "cmdSwitchemC",     "cmdSmackemC",   "cmdTakemC"};
+    bool result = false;
+    for (int turn = 0; turn < 200 && !result; ++turn) {
+      const GameModel& g = s.game();
+      result = g.cmdAWins.visible || g.cmdCWins.visible || g.cmdBothWin.visible;
+      if (result) break;
+      if (g.cmdSwitchemA.visible) {
+        click("lblCardA(1)");
+        click("lblCardA(2)");
+        click("cmdSwitchemA");
+        continue;
+      }
+      const char* shown = nullptr;
+      for (const char* name : computer)
+        if (g.Find(name)->visible) shown = name;
+      if (shown != nullptr) {
+        click(shown);
+        continue;
+      }
+      if (turn == 3 && g.cmdSetupSmackemA.enabled) {
+        click("cmdSetupSmackemA");
+        click("lblCardB(1)");
+        click("lblCardB(2)");
+        click("cmdSmackemA");
+        continue;
+      }
+      if (turn == 5 && g.cmdSetupTakemA.enabled) {
+        click("cmdSetupTakemA");
+        click("lblCardA(3)");
+        click("lblCardB(4)");
+        click("cmdTakemA");
+        continue;
+      }
+      click("lblDrawPile");
+      const int slot = std::clamp((g.state().DrawTop() * 20 + 99) / 100, 1, 20);
+      click(("lblCardA(" + std::to_string(slot) + ")").c_str());
+      click("cmdPlayA");
+    }
+    QVERIFY2(result, "no result after 200 turns");
+    QVERIFY(s.game().state().move_count_a > 10 && checks > 1000);
+  }
+
+  // Keys of desktop habit reach the menu commands; a right click on a button takes no focus; a
+  // window stored off every screen comes back onto one.
+  void desktopHabits() {
+    Session s("[WindowPosition]\nLeft=-2000000\nTop=3000000\n");
+    GameWindow* w = s.window();
+    QVERIFY(QTest::qWaitForWindowActive(w));
+    QVERIFY(w->screen()->availableGeometry().intersects(w->frameGeometry()));
+    QSignalSpy help(s.find<QAction>("mnuHelpHowToPlay"), &QAction::triggered);
+    QTest::keyClick(w, Qt::Key_F1);
+    QCOMPARE(help.count(), 1);
+    QTest::keyClick(w, Qt::Key_F2);
+    QVERIFY(s.game().game_running());
+    s.find<QAction>("mnuFileQuitGame")->trigger();
+    QTest::keyClick(w, Qt::Key_N, Qt::ControlModifier);
+    QVERIFY(s.game().game_running());
+
+    QWidget* quit = s.find("cmdQuit");
+    QWidget* before = w->focusWidget();
+    QTest::mouseClick(quit, Qt::RightButton);
+    QCOMPARE(w->focusWidget(), before);
+    QVERIFY(s.game().game_running());
+
+    QCOMPARE(PromptButton::Lines(QStringLiteral("    You win.    Click here to continue.")),
+             QStringLiteral("You win.\nClick here to continue."));
+    QCOMPARE(PromptButton::Lines(QStringLiteral(
+                 "Computer will take the      Draw Pile card.    Click here to continue.")),
+             QStringLiteral("Computer will take the\nDraw Pile card.\nClick here to continue."));
+
+    QTest::keyClick(w, Qt::Key_Q, Qt::ControlModifier);
+    QVERIFY(s.front->finished());
   }
 
   // With 20-card Stacks the whole board fits a 1366 x 768 screen at 100 % and a 1920 x 1080 one
