@@ -21,7 +21,7 @@ constexpr double kPileHeight = 2.4;
 constexpr double kRowGap = 1;
 constexpr double kColumnGap = 6;
 constexpr double kPilesGap = 24;  // between your Stack and the piles
-constexpr double kBetweenPiles = 14;
+constexpr double kBetweenPiles = 10;
 constexpr double kBelowRows = 4;
 
 QRect Round(double x, double y, double w, double h) {
@@ -41,11 +41,11 @@ void Place(QWidget* w, const QRect& r) {
 
 }  // namespace
 
-// Everything that follows the card size is linear in the face font's pixel size, so the largest
-// font that fits a room is found from two measurements.
+// The table's parts for one size of the face font.
 struct BoardTable::Sizes {
   double card_w = 0, card_h = 0, pile_w = 0, pile_h = 0;
   double range_w = 0, verdict_w = 0, key_w = 0, heading_h = 0, setup_h = 0, line_h = 0;
+  double stack_w = 0;  // a Stack's column: its range labels and cards, or its set-up buttons
   double width = 0, height = 0;
 };
 
@@ -91,20 +91,29 @@ BoardTable::Sizes BoardTable::Measure(double font_px, int n) const {
   s.key_w = fm.horizontalAdvance(QStringLiteral("\u21e70")) + 6;
   s.heading_h = fm.height() + 4;
   s.line_h = fm.lineSpacing();
+  // The set-up buttons need their captions' room, not a style's wider default.
+  double setup_w = 0;
+  for (QWidget* button : a.setups)
+    if (button != nullptr)
+      setup_w += fm.horizontalAdvance(button->property("text").toString()) + 16 + kColumnGap;
   s.setup_h = a.setups[0] != nullptr ? a.setups[0]->sizeHint().height() : fm.height() + 10;
-  const double stack_w = s.range_w + s.card_w;
-  s.width = 2 * stack_w + s.verdict_w + 2 * kColumnGap + s.key_w + kPilesGap + 2 * s.pile_w +
+  s.stack_w = std::max(s.range_w + s.card_w, setup_w);
+  s.width = 2 * s.stack_w + s.verdict_w + 3 * kColumnGap + s.key_w + kPilesGap + 2 * s.pile_w +
             kBetweenPiles;
   s.height = s.heading_h + n * s.card_h + (n - 1) * kRowGap + kBelowRows + s.setup_h;
   return s;
 }
 
 double BoardTable::FitFont(QSize room, int n) const {
-  const Sizes zero = Measure(0, n), one = Measure(1, n);
-  const double by_width = (room.width() - zero.width) / (one.width - zero.width);
-  const double by_height = (room.height() - zero.height) / (one.height - zero.height);
   const double ui = QFontInfo(font()).pixelSize();
-  return std::clamp(std::min(by_width, by_height), ui * kSmallest, ui * 4.0);
+  double low = ui * kSmallest, high = ui * 4.0;
+  // The largest size that fits, to a tenth of a pixel.
+  while (high - low > 0.1) {
+    const double mid = (low + high) / 2;
+    const Sizes s = Measure(mid, n);
+    (s.width <= room.width() && s.height <= room.height() ? low : high) = mid;
+  }
+  return low;
 }
 
 QSize BoardTable::PreferredSize(int n) const {
@@ -133,17 +142,25 @@ void BoardTable::changeEvent(QEvent* event) {
 void BoardTable::Arrange() {
   if (a.cards[1] == nullptr) return;  // not filled in yet
   placed_font_ = FitFont(size(), n_);
-  const Sizes s = Measure(placed_font_, n_);
-  const double x0 = std::max(0.0, (width() - s.width) / 2);
-  const double y0 = std::max(0.0, (height() - s.height) / 2);
-  const double b_range = x0, b_card = b_range + s.range_w, verdict = b_card + s.card_w;
-  const double key = verdict + s.verdict_w + kColumnGap;
-  const double a_range = key + s.key_w + kColumnGap, a_card = a_range + s.range_w;
-  const double pile1 = a_card + s.card_w + kPilesGap, pile2 = pile1 + s.pile_w + kBetweenPiles;
+  Sizes s = Measure(placed_font_, n_);
+  // Whole pixels, the same for every card, so that every face gets the same font.
+  s.card_w = std::floor(s.card_w);
+  s.card_h = std::floor(s.card_h);
+  s.pile_w = std::floor(s.pile_w);
+  s.pile_h = std::floor(s.pile_h);
+  s.stack_w = std::ceil(s.stack_w);
+  const double x0 = std::floor(std::max(0.0, (width() - s.width) / 2));
+  const double y0 = std::floor(std::max(0.0, (height() - s.height) / 2));
+  // Cards stand at the inner side of their column, next to the slot keys.
+  const double b_left = x0, b_card = b_left + s.stack_w - s.card_w, b_range = b_card - s.range_w;
+  const double verdict = b_left + s.stack_w;
+  const double key = verdict + s.verdict_w + 2 * kColumnGap;
+  const double a_left = key + s.key_w + kColumnGap, a_range = a_left, a_card = a_range + s.range_w;
+  const double pile1 = a_left + s.stack_w + kPilesGap, pile2 = pile1 + s.pile_w + kBetweenPiles;
   const double rows = y0 + s.heading_h;
 
-  Place(b.heading, Round(b_range, y0, verdict + s.verdict_w - b_range, s.heading_h));
-  Place(a.heading, Round(a_range, y0, s.range_w + s.card_w, s.heading_h));
+  Place(b.heading, Round(b_left, y0, s.stack_w + s.verdict_w, s.heading_h));
+  Place(a.heading, Round(a_left, y0, s.stack_w, s.heading_h));
   for (int k = 1; k <= n_; ++k) {
     const auto i = static_cast<size_t>(k);
     const double y = rows + (k - 1) * (s.card_h + kRowGap);

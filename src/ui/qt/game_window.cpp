@@ -82,8 +82,8 @@ GameWindow::GameWindow(FrontEnd& front, GameModel& model)
   central_ = new QWidget(this);
   central_->installEventFilter(this);
   auto* grid = new QGridLayout(central_);
-  grid->setContentsMargins(10, 6, 10, 4);
-  grid->setHorizontalSpacing(16);
+  grid->setContentsMargins(8, 6, 8, 4);
+  grid->setHorizontalSpacing(12);
   grid->setVerticalSpacing(4);
   grid->addWidget(BuildTable(), 0, 0);
   grid->addWidget(BuildSidePanel(), 0, 1);
@@ -229,7 +229,7 @@ QWidget* GameWindow::BuildOptions() {
   const char* boxes[] = {"chkStackem", "chkBackem", "chkSwitchem",
                          "chkSmackem", "chkTakem",  "chkRandom"};
   for (int i = 0; i < 6; ++i)
-    play_grid->addWidget(NamedButton<QCheckBox>(boxes[i], play), i / 3, i % 3);
+    play_grid->addWidget(NamedButton<QCheckBox>(boxes[i], play), i / 2, i % 2);
   grid->addWidget(play, 0, 0, 1, 3);
 
   QGroupBox* opponent = frame("frmOpponent");
