@@ -45,6 +45,7 @@ void Place(QWidget* w, const QRect& r) {
 struct BoardTable::Sizes {
   double card_w = 0, card_h = 0, pile_w = 0, pile_h = 0;
   double range_w = 0, verdict_w = 0, key_w = 0, heading_h = 0, setup_h = 0, line_h = 0;
+  double setup_w = 0;  // the set-up buttons' row
   double stack_w = 0;  // a Stack's column: its range labels and cards, or its set-up buttons
   double width = 0, height = 0;
 };
@@ -92,12 +93,14 @@ BoardTable::Sizes BoardTable::Measure(double font_px, int n) const {
   s.heading_h = fm.height() + 4;
   s.line_h = fm.lineSpacing();
   // The set-up buttons need their captions' room, not a style's wider default.
-  double setup_w = 0;
+  s.setup_w = s.range_w + s.card_w;
+  double captions = 0;
   for (QWidget* button : a.setups)
     if (button != nullptr)
-      setup_w += fm.horizontalAdvance(button->property("text").toString()) + 16 + kColumnGap;
+      captions += fm.horizontalAdvance(button->property("text").toString()) + 16 + kColumnGap;
+  s.setup_w = std::max(s.setup_w, captions);
   s.setup_h = a.setups[0] != nullptr ? a.setups[0]->sizeHint().height() : fm.height() + 10;
-  s.stack_w = std::max(s.range_w + s.card_w, setup_w);
+  s.stack_w = s.setup_w;
   s.width = 2 * s.stack_w + s.verdict_w + 3 * kColumnGap + s.key_w + kPilesGap + 2 * s.pile_w +
             kBetweenPiles;
   s.height = s.heading_h + n * s.card_h + (n - 1) * kRowGap + kBelowRows + s.setup_h;

@@ -368,8 +368,14 @@ void PromptLine::changeEvent(QEvent* event) {
 
 void PromptLine::paintEvent(QPaintEvent*) {
   QPainter p(this);
+  if (!text_.isEmpty()) {  // a strip of its own, so the line reads as the table's voice
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(Qt::NoPen);
+    p.setBrush(palette().color(QPalette::AlternateBase));
+    p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+  }
   p.setPen(palette().color(QPalette::WindowText));
-  p.drawText(rect().adjusted(2, 2, -2, -2), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap,
+  p.drawText(rect().adjusted(8, 2, -8, -2), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap,
              text_);
 }
 
