@@ -417,7 +417,9 @@ void GameWindow::FitToContents() {
     want = old_n > 0 ? size() + table_->PreferredSize(n) - table_->PreferredSize(old_n)
                      : BaseSize().expandedTo(sizeHint());
     if (const QScreen* s = screen()) {
-      const QSize frame = frameGeometry().size() - size();
+      // Before the window is first shown its frame is not known yet: allow for a title bar.
+      QSize frame = frameGeometry().size() - size();
+      if (frame.height() <= 0) frame = {0, style()->pixelMetric(QStyle::PM_TitleBarHeight) + 8};
       want = want.boundedTo(s->availableGeometry().size() - frame);
     }
   }
