@@ -212,22 +212,24 @@ PromptArea::PromptArea(QWidget* parent) : QFrame(parent) {
 
 void PromptArea::Add(PromptButton* button, bool move_button) {
   buttons_.emplace_back(button, move_button);
-  measured_width_ = -1;
+  heights_.clear();
   updateGeometry();
 }
 
 int PromptArea::PlaceHeight(int width) const {
-  // Measured again when the width or a caption changes (Fast Mode shortens some).
+  // Measured again when a caption changes (Fast Mode shortens some); kept by width, since the
+  // layout asks at the width it offers and the area arranges at the width it has.
   qsizetype text = 0;
   for (const auto& [button, move] : buttons_) text += button->text().size();
-  if (width != measured_width_ || text != measured_text_) {
-    measured_width_ = width;
+  if (text != measured_text_) {
     measured_text_ = text;
-    measured_height_ = 0;
-    for (const auto& [button, move] : buttons_)
-      measured_height_ = std::max(measured_height_, button->heightForWidth(width));
+    heights_.clear();
   }
-  return measured_height_;
+  auto [place, fresh] = heights_.emplace(width, 0);
+  if (fresh)
+    for (const auto& [button, move] : buttons_)
+      place->second = std::max(place->second, button->heightForWidth(width));
+  return place->second;
 }
 
 QSize PromptArea::sizeHint() const {
@@ -250,9 +252,7 @@ void PromptArea::Arrange(bool upper_for_move) {
     if (button->isHidden()) continue;
     const int place = move && upper_for_move ? 0 : std::min(next++, 1);
     const QRect r(kAreaMargin, kAreaMargin + place * (h + kAreaMargin), w, h);
-    if (button->geometry() == r) continue;
-    button->setFixedSize(r.size());
-    button->move(r.topLeft());
+    Place(button, r);
   }
 }
 

@@ -3,6 +3,7 @@
 #include <QFrame>
 #include <QWidget>
 #include <array>
+#include <map>
 #include <vector>
 
 #include "engine/cards.h"
@@ -87,8 +88,7 @@ class PromptArea : public QFrame {
 
   std::vector<std::pair<PromptButton*, bool>> buttons_;
   bool upper_for_move_ = true;
-  mutable int measured_width_ = -1;
-  mutable int measured_height_ = 0;
+  mutable std::map<int, int> heights_;  // by width
   mutable qsizetype measured_text_ = -1;
 };
 

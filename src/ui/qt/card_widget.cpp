@@ -102,20 +102,11 @@ double CardFontFor(QSizeF size) {
                              (size.height() - 2 * kRing) / (r.height + 2 * kPadY)));
 }
 
-QFont CardFont(const QFont& base) {
-  QFont f = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  if (base.pointSizeF() > 0) f.setPointSizeF(base.pointSizeF() + 1);
-  f.setBold(true);
-  return f;
-}
-
 CardLabel::CardLabel(QWidget* parent) : QAbstractButton(parent) {
   setFocusPolicy(Qt::NoFocus);
   setAttribute(Qt::WA_Hover);
   setCursor(Qt::PointingHandCursor);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  setFont(CardFont(font()));
-  face_font_ = font();
 }
 
 void CardLabel::setFace(const QString& face) {
@@ -232,7 +223,6 @@ void CardLabel::paintEvent(QPaintEvent*) {
 
 CardBack::CardBack(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  setFont(CardFont(font()));
 }
 
 QSize CardBack::sizeHint() const {

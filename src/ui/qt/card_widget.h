@@ -45,7 +45,7 @@ class CardLabel : public QAbstractButton {
   bool marked_ = false;
   bool highlighted_ = false;
   QString prefix_;
-  QFont face_font_;  // follows the card's size
+  QFont face_font_;  // follows the card's size, set before the first paint
 };
 
 // Stands in a slot whose card the player may not see: the back of a card, not clickable.
@@ -125,8 +125,6 @@ class PromptLine : public QWidget {
   QString text_;
 };
 
-// The font of card faces and of the judgement labels.
-QFont CardFont(const QFont& base);
 // A card label's size for a face font of this pixel size, and the largest face font that fits a
 // label: the card face with its margins and the room of the highlight ring.
 QSizeF CardSizeFor(double font_px);

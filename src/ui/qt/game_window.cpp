@@ -114,15 +114,16 @@ GameWindow::GameWindow(FrontEnd& front, GameModel& model)
     RefreshHighlights();
   });
   Refresh();
-  // As wide as the options need with the captions bold, as they are while a game runs, so the
-  // panel never widens during a game.
-  for (auto* box : options_->findChildren<QCheckBox*>()) box->setFont(Bold(box->font()));
-  side_->setFixedWidth(side_->sizeHint().width());
+  // As wide as the options need with their captions bold, as they are while a game runs, so
+  // the panel never widens during a game: two columns of check boxes, each as much wider as
+  // its widest caption grows in bold.
+  int bolder = 0;
   for (auto* box : options_->findChildren<QCheckBox*>()) {
-    QFont f = box->font();
-    f.setBold(model_.Find(box->objectName().toStdString())->marked != 0);
-    box->setFont(f);
+    const QString text = box->text().remove(QLatin1Char('&'));
+    bolder = std::max(bolder, QFontMetrics(Bold(box->font())).horizontalAdvance(text) -
+                                  box->fontMetrics().horizontalAdvance(text));
   }
+  side_->setFixedWidth(side_->sizeHint().width() + 2 * bolder);
 }
 
 QLabel* GameWindow::NamedLabel(const std::string& name, QWidget* parent, Qt::Alignment align) {
