@@ -128,4 +128,24 @@ bool AdvanceDraw(GameState& g, Rng& rng) {
   return true;
 }
 
+void TakeDiscard(GameState& g, int side, int slot) {
+  const int replaced = g.Card(side, slot);
+  g.Card(side, slot) = g.discard_top;
+  DiscardReplaced(g, replaced);
+}
+
+void TakeDraw(GameState& g, int side, int slot, Rng& rng) {
+  const int replaced = g.Card(side, slot);
+  g.Card(side, slot) = g.DrawTop();
+  Bury(g);
+  DiscardReplaced(g, replaced);
+  AdvanceDraw(g, rng);
+}
+
+void PassDraw(GameState& g, Rng& rng) {
+  Bury(g);
+  DiscardDrawn(g);
+  AdvanceDraw(g, rng);
+}
+
 }  // namespace bq

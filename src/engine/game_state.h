@@ -85,4 +85,11 @@ void DiscardDrawn(GameState& g);
 // Pile order comes round again from its first card. Returns true when the pile was renewed.
 bool AdvanceDraw(GameState& g, Rng& rng);
 
+// The three ordinary moves, whoever makes them. A taken card replaces the card in `slot` of
+// `side`'s Stack, which becomes the Discard Pile card; a Draw Pile card covers the old one.
+void TakeDiscard(GameState& g, int side, int slot);
+void TakeDraw(GameState& g, int side, int slot, Rng& rng);
+// The looked-at Draw Pile card goes onto the Discard Pile; the Stack stays as it is.
+void PassDraw(GameState& g, Rng& rng);
+
 }  // namespace bq

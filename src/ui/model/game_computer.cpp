@@ -1,21 +1,10 @@
 // The computer's side of the game: its ordinary turn, its opening choices and its special moves.
 // A whole turn runs inside the event that ended the player's move; it stops only to show a move
 // and wait for its "Click here to continue" button.
-#include "ai/decisions.h"
+#include "ai/turn.h"
 #include "ui/model/game_model.h"
 
 namespace bq {
-
-void GameModel::SyncJudgement() {
-  judge_.SetStack(N(), g_.stacks[kSideB].data());
-  judge_.slot_span = g_.slot_span;
-}
-
-// Every marking pass ends with the judgement display brought up to date.
-void GameModel::BringJudgementUpToDate() {
-  judge_.UpdateJudgement();
-  RefreshGoodBad();
-}
 
 void GameModel::ClearComputerMarks() {
   for (int k = 1; k <= N(); ++k) judge_.m[static_cast<size_t>(k)] = '0';
@@ -44,30 +33,43 @@ void GameModel::StartComputerTurn() {
 void GameModel::OrdinaryComputerTurn() {
   first_turn_ = false;
   g_.turn_owner = kSideB;
-  card_in_hand_ = g_.discard_top;
-  const ai::CardChoice choice = ai::JudgeCard(judge_, card_in_hand_);
-  if (choice.wanted) {
-    chosen_slot_ = choice.slot;
-    replaced_card_ = g_.Card(kSideB, chosen_slot_);
-    if (!fast_mode_ && learn_mode_) {
-      lblDiscardPile.marked = 1;
-      lblCardB[static_cast<size_t>(g_.DisplayPos(chosen_slot_))].marked = 1;
-      pending_ = Pending::kDiscard;
-      Prompt(cmdCTakesDiscard);
+  const ai::TurnView view =
+      ai::ViewOfTurn(g_, Checked(kTakem) && !takem_used_[kSideB],
+                     Checked(kSmackem) && !smackem_used_[kSideB], g_.opponent_row_reversed);
+  const ai::TurnDecision d = ai::DecideTurn(judge_, view, platform_);
+  card_in_hand_ = d.card_in_hand;
+  chosen_slot_ = d.slot;
+  if (chosen_slot_ > 0) replaced_card_ = g_.Card(kSideB, chosen_slot_);
+  switch (d.kind) {
+    case ai::TurnDecision::Kind::kDiscard:
+      if (!fast_mode_ && learn_mode_) {
+        lblDiscardPile.marked = 1;
+        lblCardB[static_cast<size_t>(g_.DisplayPos(chosen_slot_))].marked = 1;
+        pending_ = Pending::kDiscard;
+        Prompt(cmdCTakesDiscard);
+        return;
+      }
+      return CompleteComputerDiscard();
+    case ai::TurnDecision::Kind::kTakem:
+      return ShowComputerTakem(d.takem);
+    case ai::TurnDecision::Kind::kSmackem:
+      return ShowComputerSmackem(d.smackem);
+    case ai::TurnDecision::Kind::kDraw:
+      return ShowComputerDraw();
+    case ai::TurnDecision::Kind::kNothing:
+      // Shown in every mode, so the player always sees the card the computer turned down.
+      lblDrawPile.caption = CardFace(card_in_hand_);
+      lblDiscardPile.enabled = lblDrawPile.enabled = false;
+      pending_ = Pending::kNothing;
+      Prompt(cmdCTakesNothing);
       return;
-    }
-    CompleteComputerDiscard();
-    return;
   }
-  if (ComputerTakemDecision() || ComputerSmackemDecision()) return;
-  ComputerDrawStep();
 }
 
 void GameModel::CompleteComputerDiscard() {
   pending_ = Pending::kNone;
-  g_.Card(kSideB, chosen_slot_) = card_in_hand_;
+  TakeDiscard(g_, kSideB, chosen_slot_);
   ShowCardB(chosen_slot_);
-  DiscardReplaced(g_, replaced_card_);
   lblDiscardPile.caption = CardFace(g_.discard_top);
   lblDiscardPile.enabled = true;
   lblDiscardPile.marked = 0;
@@ -75,20 +77,7 @@ void GameModel::CompleteComputerDiscard() {
   EndOfMoveB();
 }
 
-void GameModel::ComputerDrawStep() {
-  card_in_hand_ = g_.DrawTop();
-  ai::CardChoice choice = ai::JudgeCard(judge_, card_in_hand_);
-  if (!choice.wanted) choice = ai::JudgeDrawCard(judge_, card_in_hand_);
-  if (!choice.wanted) {
-    // Shown in every mode, so the player always sees the card the computer turned down.
-    lblDrawPile.caption = CardFace(card_in_hand_);
-    lblDiscardPile.enabled = lblDrawPile.enabled = false;
-    pending_ = Pending::kNothing;
-    Prompt(cmdCTakesNothing);
-    return;
-  }
-  chosen_slot_ = choice.slot;
-  replaced_card_ = g_.Card(kSideB, chosen_slot_);
+void GameModel::ShowComputerDraw() {
   if (!fast_mode_ && learn_mode_) {
     lblDiscardPile.enabled = false;
     lblDrawPile.caption = CardFace(card_in_hand_);
@@ -104,11 +93,9 @@ void GameModel::ComputerDrawStep() {
 
 void GameModel::CompleteComputerDraw() {
   pending_ = Pending::kNone;
-  g_.Card(kSideB, chosen_slot_) = card_in_hand_;
+  TakeDraw(g_, kSideB, chosen_slot_, platform_);
   ShowCardB(chosen_slot_);
-  Bury(g_);
-  DiscardReplaced(g_, replaced_card_);
-  AdvanceDrawPile();
+  lblDrawPile.caption = kFaceDown;
   lblDiscardPile.caption = CardFace(g_.discard_top);
   lblDrawPile.marked = 0;
   lblCardB[static_cast<size_t>(g_.DisplayPos(chosen_slot_))].marked = 0;
@@ -117,9 +104,8 @@ void GameModel::CompleteComputerDraw() {
 
 void GameModel::CompleteComputerNothing() {
   pending_ = Pending::kNone;
-  Bury(g_);
-  DiscardDrawn(g_);
-  AdvanceDrawPile();
+  PassDraw(g_, platform_);
+  lblDrawPile.caption = kFaceDown;
   lblDiscardPile.caption = CardFace(g_.discard_top);
   EndOfMoveB();
 }
@@ -129,11 +115,8 @@ static bool ShowB(bool judgement_shown, bool learn_mode) {
   return judgement_shown || learn_mode;
 }
 
-bool GameModel::ComputerTakemDecision() {
-  if (!Checked(kTakem) || takem_used_[kSideB] || !ai::WantsTakem(judge_)) return false;
+void GameModel::ShowComputerTakem(const ai::TakemChoice& choice) {
   takem_used_[kSideB] = true;  // deciding uses the move up, whatever it brings
-  const float r = g_.opponent_row_reversed ? platform_.Uniform() : 0.0f;
-  const ai::TakemChoice choice = ai::ChooseTakem(judge_, g_.opponent_row_reversed, r);
   take_slot_ = choice.take_slot;
   give_slot_ = choice.give_slot;
   taken_card_ = g_.Card(kSideA, take_slot_);
@@ -149,7 +132,6 @@ bool GameModel::ComputerTakemDecision() {
   lblCardB[static_cast<size_t>(g_.DisplayPos(give_slot_))].marked = 1;
   pending_ = Pending::kTakem;
   Prompt(cmdTakemC);
-  return true;
 }
 
 void GameModel::ApplyComputerTakem() {
@@ -162,23 +144,16 @@ void GameModel::ApplyComputerTakem() {
   lblCardA[static_cast<size_t>(take_slot_)].marked = 0;
   lblCardB[static_cast<size_t>(p)].marked = 0;
   Show(cmdSetupTakemB, false, false);
-  // Its own exchange is judged from scratch, but the counts go on adding up.
-  SyncJudgement();
-  ClearComputerMarks();
-  judge_.ResetRanges();
-  BringJudgementUpToDate();
+  ai::AfterTakem(judge_, N(), g_.stacks[kSideB].data());
+  RefreshGoodBad();
   CountMove(kSideB);
   RefreshSlotVisibility();
   TestBothStacks(g_, Backem());
   NextTurnUnlessDecided(kSideA);
 }
 
-bool GameModel::ComputerSmackemDecision() {
-  if (!Checked(kSmackem) || smackem_used_[kSideB] || !ai::WantsSmackem(judge_)) return false;
+void GameModel::ShowComputerSmackem(const ai::SmackemChoice& choice) {
   smackem_used_[kSideB] = true;
-  const float r1 = platform_.Uniform();
-  const float r2 = platform_.Uniform();
-  const ai::SmackemChoice choice = ai::ChooseSmackem(card_in_hand_, N(), r1, r2);
   smack_slot1_ = choice.slot1;
   smack_slot2_ = choice.slot2;
   smack_card1_ = g_.Card(kSideA, smack_slot1_);
@@ -194,7 +169,6 @@ bool GameModel::ComputerSmackemDecision() {
   lblCardA[static_cast<size_t>(smack_slot2_)].marked = 1;
   pending_ = Pending::kSmackem;
   Prompt(cmdSmackemC);
-  return true;
 }
 
 void GameModel::ApplyComputerSmackem() {
@@ -216,13 +190,9 @@ void GameModel::ApplyComputerSmackem() {
 
 void GameModel::ComputerDirectionChoice() {
   if (!Checked(kSwitchem)) {
-    SyncJudgement();
-    ai::Judgement last_trial;
-    const bool reverse = ai::ChooseReversal(judge_, g_.discard_top, &last_trial);
-    judge_ = last_trial;
-    SyncJudgement();  // the Stack as it stands, not as the last trial arranged it
-    BringJudgementUpToDate();
-    g_.opponent_row_reversed = reverse;
+    g_.opponent_row_reversed =
+        ai::DecideDirection(judge_, N(), g_.stacks[kSideB].data(), g_.discard_top);
+    RefreshGoodBad();
   }
   if (!g_.opponent_row_reversed) {
     OrdinaryComputerTurn();
@@ -246,16 +216,13 @@ void GameModel::ApplyComputerReversal() {
 
 void GameModel::ComputerSwitchemChoice() {
   g_.turn_owner = kSideB;
-  SyncJudgement();
-  ai::Judgement last_trial;
-  const ai::SwitchChoice choice = ai::ChooseSwitchem(judge_, Backem(), &last_trial);
+  const ai::SwitchChoice choice =
+      ai::DecideOpening(judge_, N(), g_.stacks[kSideB].data(), Backem());
   g_.opponent_row_reversed = choice.reversed;
   // The computer now works on the reversed Stack; on screen nothing moves.
   if (choice.reversed) g_.ReverseSideB();
-  judge_ = last_trial;
-  SyncJudgement();
-  judge_.ResetRanges();
-  BringJudgementUpToDate();
+  ai::AfterOpening(judge_, N(), g_.stacks[kSideB].data());
+  RefreshGoodBad();
   switch_pos_a_ = choice.p;
   switch_pos_b_ = choice.q;
   if (switch_pos_a_ > 0) lblCardB[static_cast<size_t>(g_.DisplayPos(switch_pos_a_))].marked = 1;
@@ -278,9 +245,8 @@ void GameModel::ApplyComputerSwitchem() {
     lblCardB[static_cast<size_t>(g_.DisplayPos(p))].marked = 0;
     lblCardB[static_cast<size_t>(g_.DisplayPos(q))].marked = 0;
   }
-  SyncJudgement();
-  judge_.ResetRanges();
-  BringJudgementUpToDate();
+  ai::AfterOpening(judge_, N(), g_.stacks[kSideB].data());
+  RefreshGoodBad();
   RefreshSlotVisibility();
   CountMove(kSideB);
   // Play starts whatever the order test found: a result button may already be up.

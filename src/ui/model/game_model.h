@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ai/judgement.h"
+#include "ai/decisions.h"
 #include "engine/game_state.h"
 #include "net/link.h"
 #include "net/message.h"
@@ -206,25 +206,22 @@ class GameModel : public WindowModel {
   void NextTurnUnlessDecided(int side);
   void UnmarkCardsA();
   int MarkedCount(const SlotControls& labels) const;
-  void AdvanceDrawPile();
 
   // The computer's turn (game_computer.cpp).
   void StartComputerTurn();
   void OrdinaryComputerTurn();
-  void ComputerDrawStep();
+  void ShowComputerDraw();
   void CompleteComputerDiscard();
   void CompleteComputerDraw();
   void CompleteComputerNothing();
-  bool ComputerTakemDecision();
-  bool ComputerSmackemDecision();
+  void ShowComputerTakem(const ai::TakemChoice& choice);
+  void ShowComputerSmackem(const ai::SmackemChoice& choice);
   void ApplyComputerTakem();
   void ApplyComputerSmackem();
   void ComputerDirectionChoice();
   void ApplyComputerReversal();
   void ComputerSwitchemChoice();
   void ApplyComputerSwitchem();
-  void SyncJudgement();
-  void BringJudgementUpToDate();
   void ClearComputerMarks();
   void RefreshGoodBad();
 

@@ -234,20 +234,13 @@ void GameModel::PlayB(int slot, bool discard) {
   remote_move_due_ = false;
   g_.turn_owner = kSideB;
   if (slot > 0) {
-    const int replaced = g_.Card(kSideB, slot);
-    if (discard) {
-      g_.Card(kSideB, slot) = g_.discard_top;
-    } else {
-      g_.Card(kSideB, slot) = g_.DrawTop();
-      Bury(g_);
-    }
-    DiscardReplaced(g_, replaced);
-    if (!discard) AdvanceDrawPile();
+    if (discard)
+      TakeDiscard(g_, kSideB, slot);
+    else
+      TakeDraw(g_, kSideB, slot, platform_);
     ShowCardB(slot);
   } else {
-    Bury(g_);
-    DiscardDrawn(g_);
-    AdvanceDrawPile();
+    PassDraw(g_, platform_);
   }
   lblDiscardPile.caption = CardFace(g_.discard_top);
   lblDrawPile.caption = kFaceDown;

@@ -1,4 +1,5 @@
 // Start-up, the option setters, and a game's beginning and end.
+#include "ai/turn.h"
 #include "ui/model/game_model.h"
 
 namespace bq {
@@ -226,11 +227,8 @@ void GameModel::RefreshRangeLabels() {
 }
 
 void GameModel::ResetComputerJudgement() {
-  judge_.SetStack(N(), g_.stacks[kSideB].data());
-  judge_.slot_span = g_.slot_span;
-  judge_.ClearMarks();
-  judge_.ResetRanges();
-  BringJudgementUpToDate();
+  ai::Rejudge(judge_, N(), g_.stacks[kSideB].data());
+  RefreshGoodBad();
 }
 
 void GameModel::NewGame() {
@@ -244,7 +242,7 @@ void GameModel::NewGame() {
   }
   ShuffleAndDeal(g_, platform_);
   news_base_ = g_;  // the computer's first move is told against the deal
-  if (vs_computer_) ResetComputerJudgement();
+  if (vs_computer_) ai::JudgeDeal(judge_, N(), g_.stacks[kSideB].data());
   BeginGameFlags();
   LockControlsForGame();
   if (!vs_computer_) {

@@ -1,4 +1,5 @@
 // The ordinary turn: side A's clicks, the completion of a move, and the hand-over to side B.
+#include "ai/turn.h"
 #include "ui/model/game_model.h"
 
 namespace bq {
@@ -24,11 +25,6 @@ int GameModel::MarkedCount(const SlotControls& labels) const {
 
 void GameModel::UnmarkCardsA() {
   for (int k = 1; k <= N(); ++k) lblCardA[static_cast<size_t>(k)].marked = 0;
-}
-
-void GameModel::AdvanceDrawPile() {
-  AdvanceDraw(g_, platform_);
-  lblDrawPile.caption = kFaceDown;
 }
 
 void GameModel::StartOfPlay() {
@@ -245,22 +241,16 @@ void GameModel::CompleteMoveA() {
   if (chosen_slot_ > 0) {
     replaced_card_ = g_.Card(kSideA, chosen_slot_);
     if (lblDiscardPile.marked == 1) {
-      g_.Card(kSideA, chosen_slot_) = g_.discard_top;
-      DiscardReplaced(g_, replaced_card_);
+      TakeDiscard(g_, kSideA, chosen_slot_);
       SendToOpponent(net::DiscardMove{chosen_slot_});
     } else if (lblDrawPile.marked == 1) {
-      g_.Card(kSideA, chosen_slot_) = g_.DrawTop();
-      Bury(g_);
-      DiscardReplaced(g_, replaced_card_);
-      AdvanceDrawPile();
+      TakeDraw(g_, kSideA, chosen_slot_, platform_);
       SendToOpponent(net::DrawMove{chosen_slot_});
     }
     ShowCardA(chosen_slot_);
     lblDiscardPile.caption = CardFace(g_.discard_top);
   } else if (lblDrawPile.marked == 1) {
-    Bury(g_);
-    DiscardDrawn(g_);
-    AdvanceDrawPile();
+    PassDraw(g_, platform_);
     lblDiscardPile.caption = CardFace(g_.discard_top);
     SendToOpponent(net::Pass{});
   }
@@ -278,8 +268,8 @@ void GameModel::CompleteMoveA() {
 void GameModel::EndOfMoveB() {
   CountMove(kSideB);
   if (vs_computer_) {
-    SyncJudgement();
-    BringJudgementUpToDate();
+    ai::UpdateAfterMove(judge_, N(), g_.stacks[kSideB].data());
+    RefreshGoodBad();
   }
   // Only side B's cards changed; both are tested so that nothing in order goes unnoticed.
   TestBothStacks(g_, Backem());
