@@ -1,3 +1,4 @@
+#include <unistd.h>
 #include <QApplication>
 #include <QCoreApplication>
 #include <cstdlib>
@@ -7,6 +8,7 @@
 
 #include "app/driver.h"
 #include "net/udp_link.h"
+#include "selfplay/run.h"
 #include "ui/model/app_model.h"
 #include "ui/qt/app_paths.h"
 #include "ui/qt/command_line.h"
@@ -45,6 +47,21 @@ int main(int argc, char** argv) {
   if (cl.version) {
     std::cout << "bramblequay " << BQ_VERSION << '\n';
     return 0;
+  }
+  if (cl.selfplay) {
+    bq::selfplay::RunConfig run;
+    std::string error;
+    const auto options = bq::selfplay::ParseOptionList(cl.selfplay_options, error);
+    if (!options) {
+      std::cerr << "bramblequay: " << error << '\n';
+      return 2;
+    }
+    run.games = *cl.selfplay;
+    run.options = *options;
+    run.seed = cl.seed;
+    run.csv_path = cl.csv;
+    run.progress = isatty(STDOUT_FILENO) == 1;
+    return bq::selfplay::RunSelfPlay(run, std::cout, std::cerr);
   }
   const QString exe_dir = ExecutableDir();
   const std::string settings =

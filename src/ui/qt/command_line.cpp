@@ -26,6 +26,10 @@ const char* UsageText() {
          "  --settings FILE        the settings file to read and write\n"
          "  --seed N               seed the random numbers with N (a repeatable run)\n"
          "  --screen-width PIXELS  the screen width the program believes it has\n"
+         "  --selfplay N           play N games of the computer against itself and\n"
+         "                         print a summary; with --options LIST (stackem,backem,\n"
+         "                         switchem,smackem,takem, or random), --seed S and\n"
+         "                         --csv FILE (one row per game)\n"
          "  --help                 show this text and exit\n"
          "  --version              show the version and exit\n";
 }
@@ -68,10 +72,22 @@ CommandLine ParseCommandLine(const std::vector<std::string>& args) {
       cl.screen_width = ParseNumber<int>(value);
       if (!cl.screen_width || *cl.screen_width <= 0)
         cl.error = "--screen-width needs a number of pixels, not '" + value + "'";
+    } else if (arg == "--selfplay") {
+      if (!take_value()) break;
+      cl.selfplay = ParseNumber<long long>(value);
+      if (!cl.selfplay || *cl.selfplay < 0)
+        cl.error = "--selfplay needs a number of games, not '" + value + "'";
+    } else if (arg == "--options") {
+      if (take_value()) cl.selfplay_options = value;
+    } else if (arg == "--csv") {
+      if (take_value()) cl.csv = value;
+      if (cl.error.empty() && cl.csv.empty()) cl.error = "--csv needs a file name";
     } else {
       cl.error = "unknown option '" + args[i] + "'";
     }
   }
+  if (cl.error.empty() && !cl.selfplay && (!cl.selfplay_options.empty() || !cl.csv.empty()))
+    cl.error = "--options and --csv belong with --selfplay";
   return cl;
 }
 

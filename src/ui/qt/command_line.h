@@ -14,6 +14,11 @@ struct CommandLine {
   std::optional<unsigned> seed;     // nullopt: from the clock
   std::optional<int> screen_width;  // nullopt: the screen's own
   std::string error;                // set when the arguments make no sense
+
+  // --selfplay N [--options LIST] [--csv FILE]: games of the computer against itself.
+  std::optional<long long> selfplay;
+  std::string selfplay_options;
+  std::string csv;
 };
 
 // Reads the options without Qt, so that --help and --version work with no display at all.
