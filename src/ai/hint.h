@@ -1,0 +1,26 @@
+#pragma once
+
+namespace bq::ai {
+
+// What side A can see on its turn: its own Stack, the Discard Pile card, and the Draw Pile card
+// once it has been looked at. Nothing else goes in, so the advice cannot give away a hidden card.
+struct HintView {
+  const int* own = nullptr;  // slots 1..n
+  int n = 10;
+  int discard_top = 0;
+  int drawn = 0;  // the Draw Pile card after the look; 0 before
+  bool backem = false;
+};
+
+struct Advice {
+  enum class Kind { kTakeDiscard, kLookAtDraw, kTakeDraw, kPass };
+  Kind kind = Kind::kLookAtDraw;
+  int slot = 0;  // the slot to replace, for the two takes
+};
+
+// The computer's own judgement of the Stack, formed afresh (the player's Stack changes in ways
+// the computer's never does), and its own card judges, in the order of its turn. Under Backem
+// the computer's direction choice decides which way the Stack is built.
+Advice Advise(const HintView& v);
+
+}  // namespace bq::ai

@@ -1,0 +1,79 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <numeric>
+#include <random>
+#include <vector>
+
+#include "ai/hint.h"
+#include "ai/turn.h"
+#include "support/scripted_rng.h"
+
+namespace bq::ai {
+namespace {
+
+using Kind = Advice::Kind;
+
+Advice Ask(std::vector<int> stack, int discard, int drawn = 0, bool backem = false) {
+  stack.insert(stack.begin(), 0);
+  return Advise({stack.data(), static_cast<int>(stack.size()) - 1, discard, drawn, backem});
+}
+
+TEST(HintTest, TakesLooksReplacesAndPassesAsTheComputerWould) {
+  // Every slot settled but the third, which holds 90.
+  const std::vector<int> stack{5, 15, 90, 35, 45, 55, 65, 75, 85, 95};
+  const Advice take = Ask(stack, 23);
+  EXPECT_EQ(take.kind, Kind::kTakeDiscard);
+  EXPECT_EQ(take.slot, 3);
+  EXPECT_EQ(Ask(stack, 50).kind, Kind::kLookAtDraw);
+  const Advice draw = Ask(stack, 50, 27);
+  EXPECT_EQ(draw.kind, Kind::kTakeDraw);
+  EXPECT_EQ(draw.slot, 3);
+  EXPECT_EQ(Ask(stack, 50, 60).kind, Kind::kPass);
+
+  // Under Backem a Stack that runs downwards is built downwards: 23 goes to the slot that
+  // suits it counting from the right.
+  std::vector<int> down(stack.rbegin(), stack.rend());
+  const Advice mirrored = Ask(down, 23, 0, true);
+  EXPECT_EQ(mirrored.kind, Kind::kTakeDiscard);
+  EXPECT_EQ(mirrored.slot, 8);
+}
+
+// Over many random positions the advice is exactly the turn the computer would make with the
+// same Stack freshly judged, without Takem and Smackem.
+TEST(HintTest, AgreesWithTheComputersTurn) {
+  std::mt19937 gen(99);
+  test::ScriptedRng rng;
+  for (int trial = 0; trial < 3000; ++trial) {
+    const int n = trial % 2 == 0 ? 10 : 20;
+    std::vector<int> deck(100);
+    std::iota(deck.begin(), deck.end(), 1);
+    std::shuffle(deck.begin(), deck.end(), gen);
+    std::vector<int> own(deck.begin(), deck.begin() + n + 1);  // slot 0 unused
+    const int discard = deck[static_cast<size_t>(n + 1)];
+    const int draw = deck[static_cast<size_t>(n + 2)];
+
+    Judgement j;
+    Rejudge(j, n, own.data());
+    TurnView view;
+    view.n = n;
+    view.discard_top = discard;
+    view.draw_top = draw;
+    const TurnDecision d = DecideTurn(j, view, rng);
+
+    const Advice first = Advise({own.data(), n, discard, 0, false});
+    SCOPED_TRACE(testing::Message() << "trial " << trial);
+    if (d.kind == TurnDecision::Kind::kDiscard) {
+      ASSERT_EQ(first.kind, Kind::kTakeDiscard);
+      ASSERT_EQ(first.slot, d.slot);
+      continue;
+    }
+    ASSERT_EQ(first.kind, Kind::kLookAtDraw);
+    const Advice then = Advise({own.data(), n, discard, draw, false});
+    ASSERT_EQ(then.kind, d.kind == TurnDecision::Kind::kDraw ? Kind::kTakeDraw : Kind::kPass);
+    ASSERT_EQ(then.slot, d.slot);
+  }
+}
+
+}  // namespace
+}  // namespace bq::ai
