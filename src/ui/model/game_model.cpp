@@ -130,6 +130,8 @@ GameModel::GameModel(Platform& platform, std::string settings_path)
   Set(mnuPopupHelpAbout, "About Bramblequay");
   Set(mnuPopupCardDiscard, "Replace with Discard Pile card");
   Set(mnuPopupCardDraw, "Replace with Draw Pile card");
+  Set(mnuHint, "&Hint", "Ask what the computer would do in your place (key H)");
+  mnuHint.enabled = false;
   RegisterControls();
 }
 
@@ -228,6 +230,7 @@ void GameModel::RegisterControls() {
   Register("mnuPopupCardDiscard", mnuPopupCardDiscard);
   Register("mnuPopupCardDraw", mnuPopupCardDraw);
   RegisterArray("StatusBar1.Panel", StatusBar1, 1, 4);
+  Register("mnuHint", mnuHint);
   Register("lblPrompt", lblPrompt);
 }
 
@@ -357,6 +360,7 @@ bool GameModel::ClickControl(std::string_view name) {
   for (Control* prompt : {&cmdInvitationAccepted, &cmdInvitationRejected, &cmdInvitationIgnored,
                           &cmdQuitReceived, &cmdExitReceived, &cmdClickHere})
     if (c == prompt) return AcknowledgePrompt(*prompt), true;
+  if (c == &mnuHint) return AskHint();
   if (c == &mnuPopupCardDiscard) return CardPopup(true);
   if (c == &mnuPopupCardDraw) return CardPopup(false);
   if (c == &lblDiscardPile) return ClickDiscardPile();

@@ -15,6 +15,7 @@
 #include "store/settings.h"
 #include "store/statistics.h"
 #include "ui/model/control.h"
+#include "ui/model/hint_model.h"
 #include "ui/model/platform.h"
 #include "ui/model/prompt_line.h"
 
@@ -130,6 +131,8 @@ class GameModel : public WindowModel {
   std::array<Control, 5> StatusBar1;  // panels 1..4
   // Ours: one line under the board saying whose turn it is, what can be done and what the
   // opponent just did.
+  // Ours too: the Hint command.
+  Control mnuHint;
   Control lblPrompt;
 
  private:
@@ -278,6 +281,12 @@ class GameModel : public WindowModel {
   void NoteMove(int side);  // after a counted move: side B's is told in words
   void ClearHighlights();
 
+  // The Hint (game_hint.cpp): offered on side A's ordinary turn; its advice is shown on the
+  // prompt line and highlighted at the end of every event while the position stands.
+  bool HintAvailable() const;
+  bool AskHint();
+  void ShowHint();
+
   Platform& platform_;
   std::string settings_path_;
   GameState g_;
@@ -342,6 +351,8 @@ class GameModel : public WindowModel {
   std::vector<Control*> highlighted_;
   int highlight_serial_ = 0;
   int event_depth_ = 0;
+
+  HintModel hint_;
 };
 
 }  // namespace bq

@@ -48,6 +48,7 @@ void GameModel::EndEvent() {
   } else if (game_running_) {
     result_.clear();  // kept between games only
   }
+  ShowHint();
   lblPrompt.caption = PromptLine(Facts());
 }
 
@@ -158,6 +159,7 @@ PromptFacts GameModel::Facts() const {
     if (lblCardA[static_cast<size_t>(k)].marked == 1) f.chosen_card = g_.Card(kSideA, k);
   f.smackem_offered = cmdSetupSmackemA.visible && cmdSetupSmackemA.enabled;
   f.takem_offered = cmdSetupTakemA.visible && cmdSetupTakemA.enabled;
+  f.hint = hint_.Text();
   return f;
 }
 

@@ -119,7 +119,7 @@ std::string PromptLine(const PromptFacts& f) {
     case Step::kWaiting:
       return Join(f.news, "Waiting for " + who.owner + " move.");
     default:
-      return Join(f.news, Turn(f, who));
+      return Join(f.news, f.hint.empty() ? Turn(f, who) : f.hint);
   }
 }
 

@@ -43,6 +43,7 @@ struct PromptFacts {
   int card2 = 0;
   std::string news;    // what the last moves did, in words
   std::string result;  // the last game's result, kept until the next game
+  std::string hint;    // the Hint's advice, said instead of what can be done
 };
 
 std::string PromptLine(const PromptFacts& facts);

@@ -1,0 +1,44 @@
+// The Hint: side A's turn judged as the computer judges its own, told on the prompt line.
+#include "ui/model/game_model.h"
+
+namespace bq {
+
+// Side A's ordinary turn with the piles on offer, no special move being picked and nothing of
+// the opponent's on show (over the network, not before the deal has arrived).
+bool GameModel::HintAvailable() const {
+  return game_running_ && !game_over_ && g_.turn_owner == kSideA && pending_ == Pending::kNone &&
+         selecting_ == Selecting::kNone && (lblDiscardPile.enabled || lblDrawPile.enabled);
+}
+
+bool GameModel::AskHint() {
+  if (!HintAvailable()) return false;
+  hint_.Ask(HintModel::See(g_, lblDrawPile.marked == 1), Backem());
+  return true;
+}
+
+// The advice stays while the position it was given for stands; the pile to take from and the
+// card it would replace stay highlighted with it.
+void GameModel::ShowHint() {
+  const bool available = HintAvailable();
+  mnuHint.enabled = available;
+  if (available)
+    hint_.Follow(HintModel::See(g_, lblDrawPile.marked == 1));
+  else
+    hint_.Clear();
+  if (!hint_.active()) return;
+  const ai::Advice& advice = hint_.advice();
+  switch (advice.kind) {
+    case ai::Advice::Kind::kTakeDiscard:
+      Highlight(lblDiscardPile, kHighlightSteady);
+      break;
+    case ai::Advice::Kind::kLookAtDraw:
+    case ai::Advice::Kind::kTakeDraw:
+      Highlight(lblDrawPile, kHighlightSteady);
+      break;
+    case ai::Advice::Kind::kPass:
+      break;
+  }
+  if (advice.slot > 0) Highlight(lblCardA[static_cast<size_t>(advice.slot)], kHighlightSteady);
+}
+
+}  // namespace bq

@@ -1,0 +1,45 @@
+#include "ui/model/hint_model.h"
+
+namespace bq {
+
+HintModel::Seen HintModel::See(const GameState& g, bool draw_looked) {
+  Seen s;
+  s.n = g.stack_size;
+  for (int k = 1; k <= s.n; ++k) s.own[static_cast<size_t>(k)] = g.Card(kSideA, k);
+  s.discard_top = g.discard_top;
+  s.drawn = draw_looked ? g.DrawTop() : 0;
+  s.moves = g.move_count_a + g.move_count_b;
+  return s;
+}
+
+void HintModel::Ask(const Seen& seen, bool backem) {
+  seen_ = seen;
+  advice_ = ai::Advise({seen.own.data(), seen.n, seen.discard_top, seen.drawn, backem});
+  active_ = true;
+}
+
+void HintModel::Follow(const Seen& seen) {
+  if (active_ && !(seen == seen_)) active_ = false;
+}
+
+std::string HintModel::Text() const {
+  if (!active_) return "";
+  const std::string replaced =
+      advice_.slot > 0 ? std::to_string(seen_.own[static_cast<size_t>(advice_.slot)]) : "";
+  const std::string where = " in place of your " + replaced + " (card " +
+                            std::to_string(advice_.slot) + " of your Stack).";
+  switch (advice_.kind) {
+    case ai::Advice::Kind::kTakeDiscard:
+      return "Hint: take the Discard Pile card, " + std::to_string(seen_.discard_top) + "," + where;
+    case ai::Advice::Kind::kLookAtDraw:
+      return "Hint: leave the Discard Pile card and look at the Draw Pile card.";
+    case ai::Advice::Kind::kTakeDraw:
+      return "Hint: take the Draw Pile card, " + std::to_string(seen_.drawn) + "," + where;
+    case ai::Advice::Kind::kPass:
+      return "Hint: pass; the Draw Pile card, " + std::to_string(seen_.drawn) +
+             ", does not help your Stack.";
+  }
+  return "";
+}
+
+}  // namespace bq
