@@ -312,6 +312,10 @@ void GameWindow::BuildMenus() {
   QAction* stats = menuBar()->addAction(QString());
   binder_.Bind("mnuStats", stats);
   connect(stats, &QAction::triggered, this, [this] { front_.Click("mnuStats"); });
+  // Ours: the Hint, a command on the bar too, also on the key H.
+  QAction* hint = menuBar()->addAction(QString());
+  binder_.Bind("mnuHint", hint);
+  connect(hint, &QAction::triggered, this, [this] { front_.Click("mnuHint"); });
 
   QMenu* help = menuBar()->addMenu(QString());
   binder_.Bind("mnuHelp", help->menuAction());
@@ -524,6 +528,7 @@ std::string GameWindow::KeyTarget(int key, Qt::KeyboardModifiers modifiers, quin
   if (shift || ctrl) return "";
   if (key == Qt::Key_D) return "lblDiscardPile";
   if (key == Qt::Key_P) return "lblDrawPile";
+  if (key == Qt::Key_H) return "mnuHint";
   return "";
 }
 

@@ -149,6 +149,9 @@ class GameWindowTest : public QObject {
     s.find("cmdNew")->setFocus();
     key(Qt::Key_Return);  // presses the focused button
     QCOMPARE(s.game().state().turn_owner, kSideA);
+    key(Qt::Key_H);  // the Hint's advice, on the prompt line
+    QVERIFY(s.game().lblPrompt.caption.rfind("Hint: ", 0) == 0);
+    QCOMPARE(Mismatches(w, s.game()), QStringList());  // and the window shows it
     const int discard = s.game().state().discard_top;
     key(Qt::Key_D);
     key(Qt::Key_3);  // fast mode: the second pick completes the move
@@ -163,6 +166,7 @@ class GameWindowTest : public QObject {
         {Qt::Key_section, Qt::ShiftModifier, 15, "lblCardA(16)"},  // symbols of another layout
         {Qt::Key_2, Qt::ControlModifier | Qt::ShiftModifier, 0, "lblCardB(12)"},
         {Qt::Key_P, Qt::NoModifier, 0, "lblDrawPile"},
+        {Qt::Key_H, Qt::NoModifier, 0, "mnuHint"},
         {Qt::Key_1, Qt::AltModifier, 0, ""},  // left to the access keys
         {Qt::Key_D, Qt::ShiftModifier, 0, ""},
         {Qt::Key_section, Qt::NoModifier, 15, ""},
