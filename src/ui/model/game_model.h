@@ -131,9 +131,9 @@ class GameModel : public WindowModel {
   std::array<Control, 5> StatusBar1;  // panels 1..4
   // Ours: one line under the board saying whose turn it is, what can be done and what the
   // opponent just did.
+  Control lblPrompt;
   // Ours too: the Hint command.
   Control mnuHint;
-  Control lblPrompt;
 
  private:
   enum class Selecting { kNone, kSwitchemA, kSmackemA, kTakemA };
