@@ -23,7 +23,7 @@ run: build
 	fi
 
 test: build
-	@cd $(BUILD) && ctest --output-on-failure -j$(JOBS)
+	@cd $(BUILD) && ctest --output-on-failure -j$(JOBS) -LE crash
 
 clean:
 	rm -rf $(BUILD)

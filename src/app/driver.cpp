@@ -33,7 +33,7 @@ class DriverPlatform : public Platform {
   int ScreenWidthPixels() override { return screen_width_; }
   void WindowOpened(const std::string& window) override { out_ << "open: " << window << '\n'; }
   void WindowClosed(const std::string& window) override { out_ << "closed: " << window << '\n'; }
-  void Warn(const std::string& text) override { std::cerr << text << '\n'; }
+  void Warn(const std::string& text) override { std::cerr << "bramblequay: " << text << '\n'; }
   int sounds() const { return sounds_; }
 
  private:

@@ -1,6 +1,7 @@
 #include <unistd.h>
 #include <QApplication>
 #include <QCoreApplication>
+#include <csignal>
 #include <cstdlib>
 #include <iostream>
 #include <string>
@@ -9,6 +10,7 @@
 #include "app/driver.h"
 #include "net/udp_link.h"
 #include "selfplay/run.h"
+#include "store/settings.h"
 #include "ui/model/app_model.h"
 #include "ui/qt/app_paths.h"
 #include "ui/qt/command_line.h"
@@ -22,7 +24,9 @@
 
 namespace {
 
-bool HasDisplay() {
+bool HasDisplay(const std::vector<std::string>& qt_args) {
+  for (const std::string& arg : qt_args)
+    if (arg == "-platform" || arg == "--platform") return true;
   for (const char* var : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
     const char* value = std::getenv(var);
     if (value != nullptr && *value != '\0') return true;
@@ -34,6 +38,8 @@ bool HasDisplay() {
 
 int main(int argc, char** argv) {
   using namespace bq::qt;
+  // Under a file-size limit a save then fails like any other write, instead of killing us.
+  std::signal(SIGXFSZ, SIG_IGN);
   // Everything up to the display check runs without QApplication, which aborts with no display.
   const CommandLine cl = ParseCommandLine(std::vector<std::string>(argv + 1, argv + argc));
   if (!cl.error.empty()) {
@@ -67,6 +73,9 @@ int main(int argc, char** argv) {
   const std::string settings =
       ResolveSettingsPath(QString::fromStdString(cl.settings), exe_dir, UserConfigDir())
           .toStdString();
+  const bq::SettingsFileCheck check = bq::CheckSettingsFile(settings, !cl.settings.empty());
+  if (!check.message.empty()) std::cerr << "bramblequay: " << Printable(check.message) << '\n';
+  if (check.refused) return 2;
   if (cl.headless) {
     // No display is needed, but datagrams arrive through an event loop.
     QCoreApplication core(argc, argv);
@@ -79,13 +88,19 @@ int main(int argc, char** argv) {
     if (cl.screen_width) options.screen_width = *cl.screen_width;
     return bq::RunHeadless(std::cin, std::cout, options);
   }
-  if (!HasDisplay()) {
+  if (!HasDisplay(cl.qt_args)) {
     std::cerr << "bramblequay: no display found; run with --headless, or under a virtual display "
                  "(xvfb-run make run)\n";
     return 1;
   }
 
-  QApplication app(argc, argv);
+  // Qt sees its own options only, so that a settings file named "-reverse" stays a file name.
+  std::vector<char*> qt_argv = {argv[0]};
+  std::vector<std::string> qt_args = cl.qt_args;
+  for (std::string& arg : qt_args) qt_argv.push_back(arg.data());
+  qt_argv.push_back(nullptr);
+  int qt_argc = static_cast<int>(qt_argv.size()) - 1;
+  QApplication app(qt_argc, qt_argv.data());
   QApplication::setApplicationName(QStringLiteral("Bramblequay"));
   QApplication::setApplicationVersion(QStringLiteral(BQ_VERSION));
   const QString data_dir = DataDir(exe_dir);

@@ -1,24 +1,20 @@
 #include "store/profile.h"
 
-#include <chrono>
-#include <climits>
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-
-#if __has_include(<unistd.h>)
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
-#endif
+
+#include <cerrno>
+#include <climits>
+#include <filesystem>
 
 namespace bq {
 namespace {
 
 namespace fs = std::filesystem;
 
-// A settings file is a few kilobytes; anything far larger is not ours, and reading it (think of a
-// device given as --settings) could take forever.
-constexpr std::uintmax_t kMaxFileSize = 16 * 1024 * 1024;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 bool IsBlank(char c) {
   return c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f';
@@ -72,19 +68,19 @@ struct Location {
   size_t insert_at = 0;  // where a new key of the section goes
 };
 
-Location Locate(const std::vector<std::string>& lines, std::string_view section,
-                std::string_view key) {
+template <typename Lines>
+Location Locate(const Lines& lines, std::string_view section, std::string_view key) {
   Location loc;
   size_t i = 0;
   for (; i < lines.size(); ++i) {
-    const auto name = SectionName(lines[i]);
+    const auto name = SectionName(lines[i].text);
     if (name && SameName(*name, section)) break;
   }
   if (i == lines.size()) return loc;
   loc.header = i;
   loc.insert_at = i + 1;
-  for (++i; i < lines.size() && !SectionName(lines[i]); ++i) {
-    const auto kl = ParseKeyLine(lines[i]);
+  for (++i; i < lines.size() && !SectionName(lines[i].text); ++i) {
+    const auto kl = ParseKeyLine(lines[i].text);
     if (!kl) continue;
     if (!loc.key && SameName(kl->key, key)) loc.key = i;
     loc.insert_at = i + 1;
@@ -92,24 +88,77 @@ Location Locate(const std::vector<std::string>& lines, std::string_view section,
   return loc;
 }
 
-std::string UniqueSuffix() {
-  static unsigned counter = 0;
-  const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
-  std::string suffix = ".tmp";
-  suffix += std::to_string(static_cast<unsigned long long>(now) % 1000000007ULL);
-  suffix += '-';
-  suffix += std::to_string(++counter);
-  return suffix;
+// A descriptor closed on every way out.
+class Fd {
+ public:
+  explicit Fd(int fd) : fd_(fd) {}
+  ~Fd() {
+    if (fd_ >= 0) ::close(fd_);
+  }
+  Fd(const Fd&) = delete;
+  Fd& operator=(const Fd&) = delete;
+  int get() const { return fd_; }
+  bool Close() {
+    const int fd = fd_;
+    fd_ = -1;
+    return ::close(fd) == 0;
+  }
+
+ private:
+  int fd_;
+};
+
+bool SameFile(int fd, const std::string& path) {
+  struct stat open_stat, path_stat;
+  return ::fstat(fd, &open_stat) == 0 && S_ISREG(open_stat.st_mode) &&
+         ::lstat(path.c_str(), &path_stat) == 0 && open_stat.st_dev == path_stat.st_dev &&
+         open_stat.st_ino == path_stat.st_ino;
 }
 
-bool WriteAll(std::FILE* f, const std::string& text) {
-  bool ok = std::fwrite(text.data(), 1, text.size(), f) == text.size();
-  ok = std::fflush(f) == 0 && ok;
-#if __has_include(<unistd.h>)
+// Opens the temporary file and takes its lock. Another copy of the program may be writing it, or
+// may have just renamed it onto the settings file; so we lock, then check that the name still
+// leads to what we locked.
+// Without WAIT, only an existing file that nobody holds is opened. Never blocks on a FIFO.
+int OpenLockedTemporary(const std::string& temp, bool wait) {
+  for (int attempt = 0; attempt < 100; ++attempt) {
+    const int create = wait ? O_CREAT : 0;
+    const int fd =
+        ::open(temp.c_str(), O_WRONLY | create | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0666);
+    if (fd < 0) return -1;
+    int locked;
+    do {
+      locked = ::flock(fd, LOCK_EX | (wait ? 0 : LOCK_NB));
+    } while (locked != 0 && errno == EINTR);
+    if (locked == 0 && SameFile(fd, temp)) return fd;
+    ::close(fd);
+    if (locked != 0) return -1;
+  }
+  return -1;
+}
+
+bool WriteAll(int fd, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t n = ::write(fd, text.data(), text.size());
+    if (n < 0 && errno == EINTR) continue;
+    if (n <= 0) return false;  // EFBIG under a file-size limit, ENOSPC, ...
+    text.remove_prefix(static_cast<size_t>(n));
+  }
   // Without this a power cut shortly after the rename can leave an empty file on some systems.
-  ok = ::fsync(::fileno(f)) == 0 && ok;
-#endif
-  return ok;
+  return ::fsync(fd) == 0;
+}
+
+// Names that Write of earlier versions gave its temporaries: the target, ".tmp", digits, "-",
+// digits.
+bool IsOldTemporaryName(std::string_view name, std::string_view target) {
+  if (name.substr(0, target.size()) != target) return false;
+  name.remove_prefix(target.size());
+  if (name.substr(0, 4) != ".tmp") return false;
+  name.remove_prefix(4);
+  const size_t dash = name.find('-');
+  if (dash == 0 || dash == std::string_view::npos || dash + 1 == name.size()) return false;
+  for (size_t i = 0; i < name.size(); ++i)
+    if (i != dash && (name[i] < '0' || name[i] > '9')) return false;
+  return true;
 }
 
 }  // namespace
@@ -129,82 +178,114 @@ int ParseProfileInt(std::string_view text) {
   return static_cast<int>(value);
 }
 
-bool Profile::Read(const std::string& path) {
-  lines_.clear();
-  crlf_ = false;
-  std::error_code ec;
-  const auto status = fs::status(path, ec);
-  if (status.type() == fs::file_type::not_found) return true;
-  if (ec || fs::is_directory(status)) return false;
-  if (fs::is_regular_file(status) && fs::file_size(path, ec) > kMaxFileSize) return false;
-
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return false;
-  std::string text;
-  char buf[4096];
-  while (in.read(buf, sizeof buf) || in.gcount() > 0) {
-    text.append(buf, static_cast<size_t>(in.gcount()));
-    if (text.size() > kMaxFileSize) return false;
+const char* Describe(FileFault fault) {
+  switch (fault) {
+    case FileFault::kNone:
+      break;
+    case FileFault::kUnreadable:
+      return "cannot be read";
+    case FileFault::kNotRegular:
+      return "is not a regular file";
+    case FileFault::kTooLarge:
+      return "is larger than 1 MiB";
+    case FileFault::kNotText:
+      return "holds NUL bytes, so it is no settings file";
   }
-  if (in.bad()) return false;
+  return "";
+}
 
-  size_t start = 0;
-  while (start < text.size()) {
-    size_t end = text.find('\n', start);
-    if (end == std::string::npos) end = text.size();
-    std::string line = text.substr(start, end - start);
-    if (!line.empty() && line.back() == '\r') {
-      line.pop_back();
-      if (lines_.empty()) crlf_ = true;
+FileFault Profile::Load(const std::string& path) {
+  lines_.clear();
+  bom_ = false;
+  new_line_ = "\n";
+  struct stat st;
+  if (::stat(path.c_str(), &st) != 0)
+    return errno == ENOENT ? FileFault::kNone : FileFault::kUnreadable;
+  if (!S_ISREG(st.st_mode)) return FileFault::kNotRegular;
+  if (static_cast<unsigned long long>(st.st_size) > kMaxSize) return FileFault::kTooLarge;
+
+  // Non-blocking, and checked again once open: the name may have changed hands since.
+  Fd fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  if (fd.get() < 0) return errno == ENOENT ? FileFault::kNone : FileFault::kUnreadable;
+  if (::fstat(fd.get(), &st) != 0 || !S_ISREG(st.st_mode)) return FileFault::kNotRegular;
+  std::string text;
+  char buf[16384];
+  for (;;) {
+    const ssize_t n = ::read(fd.get(), buf, sizeof buf);
+    if (n < 0 && errno == EINTR) continue;
+    if (n < 0) return FileFault::kUnreadable;
+    if (n == 0) break;
+    text.append(buf, static_cast<size_t>(n));
+    if (text.size() > kMaxSize) return FileFault::kTooLarge;  // it grew while we read
+  }
+  return Parse(text) ? FileFault::kNone : FileFault::kNotText;
+}
+
+bool Profile::Parse(std::string_view text) {
+  lines_.clear();
+  bom_ = false;
+  new_line_ = "\n";
+  if (text.size() > kMaxSize || text.find('\0') != std::string_view::npos) return false;
+  if (text.substr(0, kByteOrderMark.size()) == kByteOrderMark) {
+    bom_ = true;
+    text.remove_prefix(kByteOrderMark.size());
+  }
+  bool first_end = true;
+  while (!text.empty()) {
+    const size_t nl = text.find('\n');
+    TextLine line;
+    if (nl == std::string_view::npos) {
+      line.text = text;
+      text = {};
+    } else {
+      const size_t cr = nl > 0 && text[nl - 1] == '\r' ? 1 : 0;
+      line.text = text.substr(0, nl - cr);
+      line.end = text.substr(nl - cr, cr + 1);
+      text.remove_prefix(nl + 1);
+      if (first_end) new_line_ = line.end;
+      first_end = false;
     }
     lines_.push_back(std::move(line));
-    start = end + 1;
   }
   return true;
 }
 
 bool Profile::Write(const std::string& path) const {
   try {
-    fs::path target = path;
+    std::string target = path;
     std::error_code ec;
     // Replace what a link points to, not the link.
     if (fs::is_symlink(target, ec)) {
       fs::path resolved = fs::canonical(target, ec);
-      if (!ec) target = resolved;
+      if (!ec) target = resolved.string();
     }
-    const std::string text = Text();
+    struct stat old;
+    const bool exists = ::stat(target.c_str(), &old) == 0;
+    if (exists && !S_ISREG(old.st_mode)) return false;  // a device, a FIFO, a folder: not ours
 
-    fs::path temp;
-    std::FILE* f = nullptr;
-    for (int attempt = 0; attempt < 20 && !f; ++attempt) {
-      temp = target;
-      temp += UniqueSuffix();
-      // "x": never write into a file that someone else created under the same name.
-      f = std::fopen(temp.string().c_str(), "wbx");
-      if (!f && !fs::exists(temp, ec)) return false;  // the folder itself refuses
-    }
-    if (!f) return false;
-
-    bool ok = WriteAll(f, text);
-    ok = std::fclose(f) == 0 && ok;
-    if (ok) {
-      const auto old = fs::status(target, ec);
-      if (!ec && fs::exists(old)) fs::permissions(temp, old.permissions(), ec);
-      fs::rename(temp, target, ec);
-      ok = !ec;
-    }
-    if (!ok) fs::remove(temp, ec);
-    return ok;
+    const std::string temp = TemporaryPath(target);
+    Fd fd(OpenLockedTemporary(temp, true));
+    if (fd.get() < 0) return false;
+    bool ok = ::ftruncate(fd.get(), 0) == 0 && WriteAll(fd.get(), Text());
+    if (ok && exists) ok = ::fchmod(fd.get(), old.st_mode & 07777) == 0;
+    if (ok) ok = ::rename(temp.c_str(), target.c_str()) == 0;
+    // Unlinked while still locked, so nobody else can be writing it.
+    if (!ok) ::unlink(temp.c_str());
+    return fd.Close() && ok;
   } catch (...) {
     return false;
   }
+}
+
+std::optional<size_t> Profile::KeyLine(std::string_view section, std::string_view key) const {
+  return Locate(lines_, section, key).key;
 }
 
 std::optional<std::string> Profile::GetString(std::string_view section,
                                               std::string_view key) const {
   const Location loc = Locate(lines_, section, key);
   if (!loc.key) return std::nullopt;
-  std::string_view value = ParseKeyLine(lines_[*loc.key])->value;
+  std::string_view value = ParseKeyLine(lines_[*loc.key].text)->value;
   if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
       value.back() == value.front())
     value = value.substr(1, value.size() - 2);
@@ -223,26 +304,46 @@ void Profile::SetString(std::string_view section, std::string_view key, std::str
   line += value;
   const Location loc = Locate(lines_, section, key);
   if (loc.key) {
-    lines_[*loc.key] = std::move(line);
+    lines_[*loc.key].text = std::move(line);
   } else if (loc.header) {
-    lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(loc.insert_at), std::move(line));
+    lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(loc.insert_at),
+                  {std::move(line), new_line_});
   } else {
     std::string header = "[";
     header += section;
     header += ']';
-    lines_.push_back(std::move(header));
-    lines_.push_back(std::move(line));
+    lines_.push_back({std::move(header), new_line_});
+    lines_.push_back({std::move(line), new_line_});
   }
 }
 
 std::string Profile::Text() const {
-  std::string text;
-  for (const auto& line : lines_) {
-    text += line;
-    if (crlf_) text += '\r';
-    text += '\n';
+  std::string text(bom_ ? kByteOrderMark : "");
+  for (size_t i = 0; i < lines_.size(); ++i) {
+    text += lines_[i].text;
+    // A last line without an end keeps it so; one that is no longer last needs one.
+    text += lines_[i].end.empty() && i + 1 < lines_.size() ? new_line_ : lines_[i].end;
   }
   return text;
+}
+
+std::string TemporaryPath(const std::string& path) {
+  return path + ".tmp";
+}
+
+void RemoveStaleTemporaries(const std::string& path) {
+  std::error_code ec;
+  const fs::path file(path);
+  const std::string name = file.filename().string();
+  const fs::path dir = file.has_parent_path() ? file.parent_path() : fs::path(".");
+  for (fs::directory_iterator it(dir, ec), end; !ec && it != end; it.increment(ec)) {
+    const std::string entry = it->path().filename().string();
+    if (IsOldTemporaryName(entry, name)) fs::remove(it->path(), ec);
+  }
+  // Ours only when no write holds it.
+  const std::string temp = TemporaryPath(path);
+  Fd fd(OpenLockedTemporary(temp, false));
+  if (fd.get() >= 0) ::unlink(temp.c_str());
 }
 
 int GetProfileInt(const std::string& path, std::string_view section, std::string_view key,

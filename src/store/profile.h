@@ -7,22 +7,38 @@
 
 namespace bq {
 
+// Why a file cannot serve as a profile.
+enum class FileFault { kNone, kUnreadable, kNotRegular, kTooLarge, kNotText };
+// "is not a regular file" and the like, to follow the file's name.
+const char* Describe(FileFault fault);
+
 // A profile ("INI") file that behaves like the Windows profile functions the game's file format
 // comes from. Our own code rather than a library because those details decide what a hand-edited
 // or old file turns into: keys are written in the order they are first set, lines we do not
-// understand (comments, unknown keys and sections, junk) survive every write, and integers are
-// read from their leading digits.
+// understand (comments, unknown keys and sections, junk) survive every write byte for byte, line
+// ends and a UTF-8 byte-order mark included, and integers are read from their leading digits.
 //
 // Section and key names compare without regard to ASCII case. Only the first section of a name is
 // looked at, and in it the first key of a name, as Windows does.
 class Profile {
  public:
-  // Loads PATH. A missing file is an empty profile; false (and an empty profile) when the file is
-  // there but cannot be read, so that a later Write does not wipe it.
-  bool Read(const std::string& path);
+  // A settings file is a few kilobytes; anything larger is not one of ours.
+  static constexpr size_t kMaxSize = 1024 * 1024;
+
+  // Loads PATH; a missing file is an empty profile. The file's type is looked at before it is
+  // opened, so a FIFO or a device is never opened. On failure the profile is empty, so that a
+  // later Write does not wipe the file.
+  FileFault Load(const std::string& path);
+  bool Read(const std::string& path) { return Load(path) == FileFault::kNone; }
+
+  // Takes TEXT as the file's contents. False (and an empty profile) when it is no settings text:
+  // it holds NUL bytes or is larger than kMaxSize. Text() gives TEXT back unchanged.
+  bool Parse(std::string_view text);
 
   // Replaces PATH with this profile by way of a temporary file in the same folder, so the file is
-  // either the old one or the new one, never a mix. False when that failed; never throws.
+  // either the old one or the new one, never a mix. The temporary has one fixed name, locked while
+  // in use, so crashes leave at most one behind. Refuses to replace anything but a regular file.
+  // False when that failed (a full disk, a file-size limit); never throws.
   bool Write(const std::string& path) const;
 
   // The value of a key, trimmed, one pair of enclosing quotes removed; nothing when it is missing.
@@ -36,17 +52,34 @@ class Profile {
   // after the last key of its section, a new section at the end of the file.
   void SetString(std::string_view section, std::string_view key, std::string_view value);
 
+  // The lines without their ends, and the line that GetString reads for a key.
+  size_t LineCount() const { return lines_.size(); }
+  const std::string& Line(size_t i) const { return lines_[i].text; }
+  std::optional<size_t> KeyLine(std::string_view section, std::string_view key) const;
+
   // What Write stores.
   std::string Text() const;
 
  private:
-  std::vector<std::string> lines_;  // without line ends
-  bool crlf_ = false;               // a file that came with CRLF keeps it
+  struct TextLine {
+    std::string text;
+    std::string end;  // "\n", "\r\n", or "" for a last line without one
+  };
+  std::vector<TextLine> lines_;
+  bool bom_ = false;
+  std::string new_line_ = "\n";  // for lines we add: the file's first line end
 };
 
 // Blanks, an optional sign, then decimal digits up to the first other character: "1200.5" is
 // 1200, "abc" is 0. Saturates at the limits of int instead of wrapping.
 int ParseProfileInt(std::string_view text);
+
+// The name of Write's temporary file for PATH.
+std::string TemporaryPath(const std::string& path);
+
+// Removes the temporary files that interrupted writes of PATH left behind, also those of earlier
+// versions ("PATH.tmp123-4"); one that a running write holds is left alone.
+void RemoveStaleTemporaries(const std::string& path);
 
 // One-key conveniences with the Windows functions' shape; each reads the whole file.
 int GetProfileInt(const std::string& path, std::string_view section, std::string_view key,

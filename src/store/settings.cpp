@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <filesystem>
 #include <string_view>
 #include <utility>
 
@@ -65,10 +66,26 @@ void PutStatistics(Profile& profile, const std::array<GameStats, 3>& stats) {
 
 }  // namespace
 
+std::vector<SettingsKey> AllSettingsKeys() {
+  std::vector<SettingsKey> keys = {{kPosition, "Left"}, {kPosition, "Top"}};
+  for (const auto& [key, field] : kOptionKeys) keys.push_back({kOptions, std::string(key)});
+  for (int kind : {kVsComputer, kVsHumans}) {
+    const GameStats none;
+    ForEachStat(none, [&](const std::string& key, int) {
+      keys.push_back({kStatsSections[static_cast<size_t>(kind)], key});
+    });
+  }
+  keys.push_back({kPreferences, "Sound"});
+  return keys;
+}
+
 Settings LoadSettings(const std::string& path) {
   Profile profile;
   profile.Read(path);  // an unreadable file reads like a missing one
+  return SettingsFromProfile(profile);
+}
 
+Settings SettingsFromProfile(const Profile& profile) {
   Settings settings;
   // The position is a float in twips, not a 16-bit counter: large screens go past 32767.
   settings.left = static_cast<float>(profile.GetInt(kPosition, "Left", 0));
@@ -87,7 +104,11 @@ Settings LoadSettings(const std::string& path) {
 bool SaveSettings(const std::string& path, const Settings& settings) {
   Profile profile;
   if (!profile.Read(path)) return false;
+  PutSettings(profile, settings);
+  return profile.Write(path);
+}
 
+void PutSettings(Profile& profile, const Settings& settings) {
   profile.SetString(kPosition, "Left", PositionText(settings.left));
   profile.SetString(kPosition, "Top", PositionText(settings.top));
   // Options that Random drew are never remembered, only that Random is on.
@@ -98,7 +119,6 @@ bool SaveSettings(const std::string& path, const Settings& settings) {
     profile.SetString(kOptions, key, std::to_string(options.*field));
   PutStatistics(profile, settings.stats);
   profile.SetString(kPreferences, "Sound", settings.sound ? "1" : "0");
-  return profile.Write(path);
 }
 
 bool SaveStatistics(const std::string& path, const std::array<GameStats, 3>& stats) {
@@ -106,6 +126,31 @@ bool SaveStatistics(const std::string& path, const std::array<GameStats, 3>& sta
   if (!profile.Read(path)) return false;
   PutStatistics(profile, stats);
   return profile.Write(path);
+}
+
+}  // namespace bq
+
+namespace bq {
+
+SettingsFileCheck CheckSettingsFile(const std::string& path, bool named_by_user) {
+  namespace fs = std::filesystem;
+  RemoveStaleTemporaries(path);
+  const FileFault fault = Profile().Load(path);
+  if (fault == FileFault::kNone) return {};
+  const std::string why = Describe(fault);
+  if (named_by_user) return {true, "the settings file " + path + " " + why};
+  // Unreadable is no sign of damage (permissions, say): it stays where it is, and saving warns.
+  if (fault == FileFault::kUnreadable) return {};
+  std::error_code ec;
+  std::string aside = path + ".damaged";
+  for (int n = 2; fs::exists(fs::symlink_status(aside, ec)) && n < 1000; ++n)
+    aside = path + ".damaged-" + std::to_string(n);
+  fs::rename(path, aside, ec);
+  if (ec)
+    return {false, "the settings file " + path + " " + why +
+                       " and cannot be moved aside; the game starts with the default settings"};
+  return {false, "the settings file " + path + " " + why + "; it is kept as " + aside +
+                     " and the game starts with the default settings"};
 }
 
 }  // namespace bq

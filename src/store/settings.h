@@ -2,6 +2,8 @@
 
 #include <array>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace bq {
 
@@ -41,7 +43,32 @@ struct Settings {
   std::array<GameStats, 3> stats{};  // [kVsComputer], [kVsHumans]; [0] unused
   // Ours, beyond the game's 67 keys: kept in a section of its own after theirs.
   bool sound = true;  // the click sound; only "Sound=0" turns it off
+  bool operator==(const Settings&) const = default;
 };
+
+class Profile;
+
+// The keys SaveSettings writes as (section, key), in the file's order: the game's 67, then ours.
+struct SettingsKey {
+  std::string_view section;
+  std::string key;
+};
+std::vector<SettingsKey> AllSettingsKeys();
+
+// LoadSettings and SaveSettings without the file.
+Settings SettingsFromProfile(const Profile& profile);
+void PutSettings(Profile& profile, const Settings& settings);
+
+// Start-up checks on the settings file, before anything reads it: removes the temporaries that
+// interrupted writes left, and makes sure PATH is missing or a regular text file of a sane size.
+// When it is not, a file the user named is refused (`refused`); the usual file is moved aside
+// under a new name, never deleted, and the game starts with the defaults. `message` is the one
+// line to show the player, empty when all is well.
+struct SettingsFileCheck {
+  bool refused = false;
+  std::string message;
+};
+SettingsFileCheck CheckSettingsFile(const std::string& path, bool named_by_user);
 
 // Reads all 67 keys; anything missing or unreadable takes its default, options and counters are
 // clamped to -32768..32767 (the position is not: it may lie past 32767 twips). Never fails.

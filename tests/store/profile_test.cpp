@@ -1,6 +1,10 @@
 #include "store/profile.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <climits>
 #include <filesystem>
@@ -67,13 +71,73 @@ TEST(Profile, SettingKeysKeepsEveryOtherLine) {
 TEST(Profile, BinaryJunkReadsAsNothingAndSurvivesAWrite) {
   test::TempSettings file;
   std::string junk;
-  for (int i = 0; i < 2000; ++i) junk += static_cast<char>((i * 37 + 11) % 256);
-  file.Write(junk + std::string("\0[=]\0\n", 6));
+  for (int i = 0; i < 2000; ++i) junk += static_cast<char>((i * 37 + 11) % 255 + 1);
+  file.Write(junk + "[=]\n");
   Profile p = Loaded(file);
   p.SetString("Options", "SetStackem", "1");
   ASSERT_TRUE(p.Write(file.path()));
   EXPECT_EQ(file.Read().rfind(junk, 0), 0u);
   EXPECT_EQ(GetProfileInt(file.path(), "Options", "SetStackem", 0), 1);
+}
+
+TEST(Profile, LineEndsAndAByteOrderMarkSurviveAWrite) {
+  const std::string bom = "\xEF\xBB\xBF";
+  const std::string text = bom + "[WindowPosition]\nLeft=5\r\n;odd\rline\n[Options]\nSetStackem=1";
+  Profile p;
+  ASSERT_TRUE(p.Parse(text));
+  EXPECT_EQ(p.Text(), text) << "unchanged, byte for byte";
+  EXPECT_EQ(p.GetInt("WindowPosition", "Left", -1), 5) << "read through the mark";
+  p.SetString("WindowPosition", "Left", "7");
+  p.SetString("Options", "SetBackem", "2");
+  EXPECT_EQ(p.Text(), bom +
+                          "[WindowPosition]\nLeft=7\r\n;odd\rline\n[Options]\nSetStackem=1\n"
+                          "SetBackem=2\n")
+      << "no second [WindowPosition]; each line keeps its end";
+}
+
+TEST(Profile, OnlyRegularTextFilesOfASaneSizeAreRead) {
+  test::TempSettings file;
+  const auto fault = [](const std::string& path) { return Profile().Load(path); };
+  EXPECT_EQ(fault(file.path()), FileFault::kNone) << "missing is an empty profile";
+  file.Write(std::string("[A]\nX=1\n\0", 9));
+  EXPECT_EQ(fault(file.path()), FileFault::kNotText);
+  file.Write(std::string(Profile::kMaxSize + 1, 'x'));
+  EXPECT_EQ(fault(file.path()), FileFault::kTooLarge);
+  EXPECT_EQ(fault("/dev/zero"), FileFault::kNotRegular);
+  EXPECT_EQ(fault(file.dir().string()), FileFault::kNotRegular);
+  const fs::path fifo = file.dir() / "fifo";
+  ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+  EXPECT_EQ(fault(fifo.string()), FileFault::kNotRegular) << "and it did not hang";
+  Profile p;
+  p.SetString("A", "X", "1");
+  EXPECT_FALSE(p.Write(fifo.string())) << "never replaced";
+  EXPECT_TRUE(fs::is_fifo(fifo));
+}
+
+TEST(Profile, TemporariesThatCrashesLeftAreRemovedUnlessAWriteHoldsThem) {
+  test::TempSettings file;
+  const std::string temp = TemporaryPath(file.path());
+  for (const std::string& name :
+       {temp, file.path() + ".tmp123-4", file.path() + ".tmpx-4", file.path() + ".bak"})
+    std::ofstream(name) << "left";
+  RemoveStaleTemporaries(file.path());
+  EXPECT_FALSE(fs::exists(temp));
+  EXPECT_FALSE(fs::exists(file.path() + ".tmp123-4"));
+  EXPECT_TRUE(fs::exists(file.path() + ".tmpx-4")) << "not a name we ever used";
+  EXPECT_TRUE(fs::exists(file.path() + ".bak"));
+
+  // A temporary left by a crash is simply reused by the next write.
+  std::ofstream(temp) << "a much longer text than the profile";
+  ASSERT_TRUE(WriteProfileString(file.path(), "A", "X", "1"));
+  EXPECT_EQ(file.Read(), "[A]\nX=1\n");
+  EXPECT_FALSE(fs::exists(temp));
+
+  std::ofstream(temp) << "busy";
+  const int fd = ::open(temp.c_str(), O_RDONLY);
+  ASSERT_EQ(::flock(fd, LOCK_EX), 0);
+  RemoveStaleTemporaries(file.path());
+  EXPECT_TRUE(fs::exists(temp)) << "another copy is writing it";
+  ::close(fd);
 }
 
 TEST(Profile, WriteReplacesAtomicallyOrFailsWithoutDamage) {

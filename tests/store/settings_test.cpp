@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <utility>
 
 #include "support/temp_settings.h"
@@ -128,6 +129,34 @@ TEST(Settings, UnwritablePlaceReportsFailure) {
   const fs::path blocker = file.dir() / "file";
   std::ofstream(blocker) << "x";
   EXPECT_FALSE(SaveSettings((blocker / "x.ini").string(), Sample()));
+}
+
+TEST(Settings, AFileThatIsNoSettingsFileIsRefusedOrSetAsideNeverOverwritten) {
+  test::TempSettings file;
+  EXPECT_EQ(CheckSettingsFile(file.path(), true).message, "") << "missing is fine";
+  const std::string binary(
+      "\x7f"
+      "ELF\0\0\1",
+      7);
+  file.Write(binary);
+  const SettingsFileCheck named = CheckSettingsFile(file.path(), true);
+  EXPECT_TRUE(named.refused);
+  EXPECT_EQ(named.message,
+            "the settings file " + file.path() + " holds NUL bytes, so it is no settings file");
+  EXPECT_EQ(file.Read(), binary);
+
+  // The usual file goes aside, under a name that is free.
+  for (const char* suffix : {".damaged", ".damaged-2"}) {
+    file.Write(binary);
+    const SettingsFileCheck usual = CheckSettingsFile(file.path(), false);
+    EXPECT_FALSE(usual.refused);
+    EXPECT_NE(usual.message.find("kept as " + file.path() + suffix), std::string::npos)
+        << usual.message;
+    EXPECT_FALSE(fs::exists(file.path()));
+    std::ifstream kept(file.path() + suffix, std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(kept), {}), binary);
+  }
+  EXPECT_FALSE(SaveSettings("/dev/null", Sample())) << "a device is never replaced";
 }
 
 }  // namespace

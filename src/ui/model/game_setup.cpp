@@ -395,7 +395,7 @@ Settings GameModel::CurrentSettings(Settings base) const {
 void GameModel::SaveOrWarn(const Settings& s) {
   if (SaveSettings(settings_path_, s) || warned_unwritable_) return;
   warned_unwritable_ = true;
-  platform_.Warn("bramblequay: cannot write the settings file " + settings_path_);
+  platform_.Warn("cannot write the settings file " + settings_path_);
 }
 
 void GameModel::RecordResult(Outcome outcome) {

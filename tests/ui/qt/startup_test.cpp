@@ -50,8 +50,18 @@ class StartupTest : public QObject {
                                     {"--seed", "-3"},
                                     {"--settings"},
                                     {"--screen-width", "0"},
-                                    {"--fullscreen"}})
+                                    {"--fullscreen"},
+                                    {"--headless=0"},
+                                    {"--help=yes"},
+                                    {"-style"}})
       QCOMPARE(read(args), "refused");
+    // Qt's options go to Qt, with their values; a file name that looks like one stays ours.
+    const CommandLine qt = ParseCommandLine({"--settings", "-reverse", "-style", "fusion",
+                                             "--reverse", "-style=windows", "--headless"});
+    QCOMPARE(qt.settings, "-reverse");
+    QVERIFY(qt.headless);
+    QCOMPARE(qt.qt_args,
+             (std::vector<std::string>{"-style", "fusion", "--reverse", "-style=windows"}));
   }
 
   void platform() {

@@ -1,0 +1,113 @@
+// Kills the program at random moments while it plays game after game, and checks after each kill
+// that the settings file is whole: it parses, holds every key, and its counters are the last value
+// that was reported or the next. Slow (it starts the program 200 times), so it carries the ctest
+// label "crash" and runs on its own: ctest -L crash.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <thread>
+
+#include "store/profile.h"
+#include "store/settings.h"
+#include "store/statistics.h"
+#include "support/temp_settings.h"
+
+namespace bq {
+namespace {
+
+namespace fs = std::filesystem;
+
+// One game that side A wins on its first move; the answer to "get" comes after the result is
+// recorded.
+constexpr const char* kGame =
+    "click cmdNew\n"
+    "set Stacks(1) 5 15 25 35 45 55 65 75 85 99\n"
+    "set DiscardTop 95\n"
+    "click lblDiscardPile\n"
+    "click lblCardA(10)\n"
+    "click cmdPlayA\n"
+    "get TurnResult\n"
+    "click cmdAWins\n";
+
+pid_t Start(const std::vector<std::string>& args, const fs::path& in, const fs::path& out) {
+  const pid_t pid = ::fork();
+  if (pid == 0) {
+    const int input = ::open(in.c_str(), O_RDONLY);
+    const int output = ::open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    ::dup2(input, 0);
+    ::dup2(output, 1);
+    std::vector<char*> argv = {const_cast<char*>(BQ_PROGRAM)};
+    for (const std::string& a : args) argv.push_back(const_cast<char*>(a.c_str()));
+    argv.push_back(nullptr);
+    ::execv(BQ_PROGRAM, argv.data());
+    ::_exit(127);
+  }
+  return pid;
+}
+
+int Finished(const fs::path& out) {
+  std::ifstream in(out);
+  int games = 0;
+  for (std::string line; std::getline(in, line);) games += line == "TurnResult=1";
+  return games;
+}
+
+size_t Temporaries(const fs::path& dir) {
+  size_t n = 0;
+  for (const auto& entry : fs::directory_iterator(dir))
+    n += entry.path().filename().string().find(".tmp") != std::string::npos;
+  return n;
+}
+
+TEST(Crash, TwoHundredKillsWhileGamesEndNeverCostTheFile) {
+  test::TempSettings file;
+  const fs::path script = file.dir() / "script", out = file.dir() / "out";
+  std::ofstream(script) << "close frmGame\n";
+  const std::vector<std::string> args = {"--headless", "--settings", file.path()};
+  int status = 0;
+  ::waitpid(Start(args, script, out), &status, 0);
+  ASSERT_EQ(status, 0);
+  {
+    std::ofstream games(script);
+    for (int i = 0; i < 3000; ++i) games << kGame;
+  }
+
+  std::mt19937 gen(std::random_device{}());
+  std::uniform_int_distribution<int> delay_us(0, 150000);
+  GameStats expected;  // every game a win with no options
+  for (int kill = 0; kill < 200; ++kill) {
+    SCOPED_TRACE("kill " + std::to_string(kill));
+    const pid_t pid = Start(args, script, out);
+    std::this_thread::sleep_for(std::chrono::microseconds(delay_us(gen)));
+    ::kill(pid, SIGKILL);
+    ::waitpid(pid, &status, 0);
+    ASSERT_TRUE(WIFSIGNALED(status)) << "it ran out of games; give it more";
+
+    Profile profile;
+    ASSERT_EQ(profile.Load(file.path()), FileFault::kNone);
+    for (const SettingsKey& k : AllSettingsKeys())
+      ASSERT_TRUE(profile.KeyLine(k.section, k.key)) << k.section << "." << k.key;
+    const GameStats found = SettingsFromProfile(profile).stats[kVsComputer];
+    for (int g = Finished(out); g > 0; --g) ApplyResult(expected, Outcome::kWin, {});
+    GameStats next = expected;
+    ApplyResult(next, Outcome::kWin, {});
+    ASSERT_TRUE(found == expected || found == next) << "wins " << found.wins[7];
+    expected = found;
+    ASSERT_LE(Temporaries(file.dir()), 1u);
+  }
+  EXPECT_GT(expected.wins[7], 200) << "the kills should fall among the games, not before them";
+
+  std::ofstream(script) << "quit\n";
+  ::waitpid(Start(args, script, out), &status, 0);
+  EXPECT_EQ(Temporaries(file.dir()), 0u) << "the next start clears what a kill left";
+}
+
+}  // namespace
+}  // namespace bq
