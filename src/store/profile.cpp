@@ -197,7 +197,7 @@ const char* Describe(FileFault fault) {
 FileFault Profile::Load(const std::string& path) {
   lines_.clear();
   bom_ = false;
-  new_line_ = "\n";
+  new_line_ = End::kLf;
   struct stat st;
   if (::stat(path.c_str(), &st) != 0)
     return errno == ENOENT ? FileFault::kNone : FileFault::kUnreadable;
@@ -224,7 +224,7 @@ FileFault Profile::Load(const std::string& path) {
 bool Profile::Parse(std::string_view text) {
   lines_.clear();
   bom_ = false;
-  new_line_ = "\n";
+  new_line_ = End::kLf;
   if (text.size() > kMaxSize || text.find('\0') != std::string_view::npos) return false;
   if (text.substr(0, kByteOrderMark.size()) == kByteOrderMark) {
     bom_ = true;
@@ -233,19 +233,15 @@ bool Profile::Parse(std::string_view text) {
   bool first_end = true;
   while (!text.empty()) {
     const size_t nl = text.find('\n');
-    TextLine line;
     if (nl == std::string_view::npos) {
-      line.text = text;
-      text = {};
-    } else {
-      const size_t cr = nl > 0 && text[nl - 1] == '\r' ? 1 : 0;
-      line.text = text.substr(0, nl - cr);
-      line.end = text.substr(nl - cr, cr + 1);
-      text.remove_prefix(nl + 1);
-      if (first_end) new_line_ = line.end;
-      first_end = false;
+      lines_.push_back({std::string(text), End::kNone});
+      break;
     }
-    lines_.push_back(std::move(line));
+    const bool crlf = nl > 0 && text[nl - 1] == '\r';
+    lines_.push_back({std::string(text.substr(0, nl - crlf)), crlf ? End::kCrLf : End::kLf});
+    text.remove_prefix(nl + 1);
+    if (first_end) new_line_ = lines_.back().end;
+    first_end = false;
   }
   return true;
 }
@@ -318,11 +314,18 @@ void Profile::SetString(std::string_view section, std::string_view key, std::str
 }
 
 std::string Profile::Text() const {
-  std::string text(bom_ ? kByteOrderMark : "");
+  size_t size = kByteOrderMark.size();
+  for (const TextLine& line : lines_) size += line.text.size() + 2;
+  std::string text;
+  text.reserve(size);
+  if (bom_) text = kByteOrderMark;
   for (size_t i = 0; i < lines_.size(); ++i) {
     text += lines_[i].text;
     // A last line without an end keeps it so; one that is no longer last needs one.
-    text += lines_[i].end.empty() && i + 1 < lines_.size() ? new_line_ : lines_[i].end;
+    const End end =
+        lines_[i].end == End::kNone && i + 1 < lines_.size() ? new_line_ : lines_[i].end;
+    if (end == End::kCrLf) text += '\r';
+    if (end != End::kNone) text += '\n';
   }
   return text;
 }

@@ -61,13 +61,14 @@ class Profile {
   std::string Text() const;
 
  private:
+  enum class End : unsigned char { kNone, kLf, kCrLf };  // kNone: a last line without one
   struct TextLine {
     std::string text;
-    std::string end;  // "\n", "\r\n", or "" for a last line without one
+    End end;
   };
   std::vector<TextLine> lines_;
   bool bom_ = false;
-  std::string new_line_ = "\n";  // for lines we add: the file's first line end
+  End new_line_ = End::kLf;  // for lines we add: the file's first line end
 };
 
 // Blanks, an optional sign, then decimal digits up to the first other character: "1200.5" is
