@@ -70,19 +70,18 @@ struct Location {
 
 template <typename Lines>
 Location Locate(const Lines& lines, std::string_view section, std::string_view key) {
+  using Kind = typename Lines::value_type::Kind;
   Location loc;
   size_t i = 0;
-  for (; i < lines.size(); ++i) {
-    const auto name = SectionName(lines[i].text);
-    if (name && SameName(*name, section)) break;
-  }
+  while (i < lines.size() &&
+         !(lines[i].kind == Kind::kSection && SameName(lines[i].name(), section)))
+    ++i;
   if (i == lines.size()) return loc;
   loc.header = i;
   loc.insert_at = i + 1;
-  for (++i; i < lines.size() && !SectionName(lines[i].text); ++i) {
-    const auto kl = ParseKeyLine(lines[i].text);
-    if (!kl) continue;
-    if (!loc.key && SameName(kl->key, key)) loc.key = i;
+  for (++i; i < lines.size() && lines[i].kind != Kind::kSection; ++i) {
+    if (lines[i].kind != Kind::kKey) continue;
+    if (!loc.key && SameName(lines[i].name(), key)) loc.key = i;
     loc.insert_at = i + 1;
   }
   return loc;
@@ -162,6 +161,21 @@ bool IsOldTemporaryName(std::string_view name, std::string_view target) {
 }
 
 }  // namespace
+
+Profile::TextLine::TextLine(std::string line, End line_end) : text(std::move(line)), end(line_end) {
+  std::string_view name;
+  if (const auto section = SectionName(text)) {
+    kind = Kind::kSection;
+    name = *section;
+  } else if (const auto key = ParseKeyLine(text)) {
+    kind = Kind::kKey;
+    name = key->key;
+  } else {
+    return;
+  }
+  name_at = static_cast<size_t>(name.data() - text.data());
+  name_size = name.size();
+}
 
 int ParseProfileInt(std::string_view text) {
   size_t i = 0;
@@ -300,7 +314,7 @@ void Profile::SetString(std::string_view section, std::string_view key, std::str
   line += value;
   const Location loc = Locate(lines_, section, key);
   if (loc.key) {
-    lines_[*loc.key].text = std::move(line);
+    lines_[*loc.key] = TextLine(std::move(line), lines_[*loc.key].end);
   } else if (loc.header) {
     lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(loc.insert_at),
                   {std::move(line), new_line_});

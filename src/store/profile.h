@@ -63,8 +63,13 @@ class Profile {
  private:
   enum class End : unsigned char { kNone, kLf, kCrLf };  // kNone: a last line without one
   struct TextLine {
+    TextLine(std::string line, End line_end);
     std::string text;
     End end;
+    // What the line is, worked out once: every lookup runs over the lines.
+    enum class Kind : unsigned char { kOther, kSection, kKey } kind = Kind::kOther;
+    size_t name_at = 0, name_size = 0;  // the section's or the key's name within `text`
+    std::string_view name() const { return std::string_view(text).substr(name_at, name_size); }
   };
   std::vector<TextLine> lines_;
   bool bom_ = false;
