@@ -65,6 +65,7 @@ TEST(Program, ADamagedUsualFileIsKeptAsideAndTheGameStartsAfresh) {
   test::TempSettings dir;
   const fs::path program = dir.dir() / "bramblequay";
   fs::copy_file(kProgram, program);
+  std::ofstream(dir.dir() / "click.wav");  // with its data beside it, a copy keeps its file there
   const std::string damaged("[Options]\nSetStackem=1\n\0\0\0", 26);
   dir.Write(damaged);
   std::ofstream(dir.path() + ".tmp123-1") << "left by a crash";
