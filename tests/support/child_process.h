@@ -1,5 +1,6 @@
 #pragma once
 
+#include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
 #include <sys/resource.h>
@@ -27,6 +28,27 @@ struct ChildOptions {
   std::optional<std::chrono::milliseconds> terminate_after;  // then SIGTERM
 };
 
+// In a child after fork: becomes PROGRAM with ARGS.
+[[noreturn]] inline void Exec(const std::string& program, const std::vector<std::string>& args) {
+  std::vector<char*> argv = {const_cast<char*>(program.c_str())};
+  for (const std::string& a : args) argv.push_back(const_cast<char*>(a.c_str()));
+  argv.push_back(nullptr);
+  ::execv(program.c_str(), argv.data());
+  ::_exit(127);
+}
+
+// Starts PROGRAM with ARGS reading the file IN and writing the file OUT; the caller waits for it.
+inline pid_t StartChild(const std::string& program, const std::vector<std::string>& args,
+                        const std::string& in, const std::string& out) {
+  const pid_t pid = ::fork();
+  if (pid == 0) {
+    ::dup2(::open(in.c_str(), O_RDONLY), 0);
+    ::dup2(::open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), 1);
+    Exec(program, args);
+  }
+  return pid;
+}
+
 // Runs PROGRAM with ARGS to its end (or kills it at the timeout), collecting its output.
 inline ChildResult RunChild(const std::string& program, const std::vector<std::string>& args,
                             const ChildOptions& options = {}) {
@@ -43,11 +65,7 @@ inline ChildResult RunChild(const std::string& program, const std::vector<std::s
       ::setrlimit(RLIMIT_FSIZE, &limit);
     }
     for (const std::string& name : options.unset_env) ::unsetenv(name.c_str());
-    std::vector<char*> argv = {const_cast<char*>(program.c_str())};
-    for (const std::string& a : args) argv.push_back(const_cast<char*>(a.c_str()));
-    argv.push_back(nullptr);
-    ::execv(program.c_str(), argv.data());
-    ::_exit(127);
+    Exec(program, args);
   }
   ::close(in[0]);
   ::close(out[1]);
