@@ -116,8 +116,8 @@ bool SameFile(int fd, const std::string& path) {
 
 // Opens the temporary file and takes its lock. Another copy of the program may be writing it, or
 // may have just renamed it onto the settings file; so we lock, then check that the name still
-// leads to what we locked.
-// Without WAIT, only an existing file that nobody holds is opened. Never blocks on a FIFO.
+// leads to what we locked. Without WAIT, only an existing file that nobody holds is taken. Never
+// blocks on a FIFO.
 int OpenLockedTemporary(const std::string& temp, bool wait) {
   for (int attempt = 0; attempt < 100; ++attempt) {
     const int create = wait ? O_CREAT : 0;

@@ -128,10 +128,6 @@ bool SaveStatistics(const std::string& path, const std::array<GameStats, 3>& sta
   return profile.Write(path);
 }
 
-}  // namespace bq
-
-namespace bq {
-
 SettingsFileCheck CheckSettingsFile(const std::string& path, bool named_by_user) {
   namespace fs = std::filesystem;
   RemoveStaleTemporaries(path);
@@ -145,7 +141,11 @@ SettingsFileCheck CheckSettingsFile(const std::string& path, bool named_by_user)
   std::string aside = path + ".damaged";
   for (int n = 2; fs::exists(fs::symlink_status(aside, ec)) && n < 1000; ++n)
     aside = path + ".damaged-" + std::to_string(n);
-  fs::rename(path, aside, ec);
+  // Never onto an earlier damaged file: that one is kept too.
+  if (fs::exists(fs::symlink_status(aside, ec)))
+    ec = std::make_error_code(std::errc::file_exists);
+  else
+    fs::rename(path, aside, ec);
   if (ec)
     return {false, "the settings file " + path + " " + why +
                        " and cannot be moved aside; the game starts with the default settings"};
