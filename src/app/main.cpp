@@ -1,6 +1,7 @@
 #include <unistd.h>
 #include <QApplication>
 #include <QCoreApplication>
+#include <QMessageBox>
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
@@ -119,6 +120,14 @@ int main(int argc, char** argv) {
   QObject::connect(&front, &FrontEnd::exited, &app, &QCoreApplication::quit, Qt::QueuedConnection);
   front.Start();
   if (front.finished()) return 0;
+  // A player who started the game from a menu never sees standard error: a damaged settings file
+  // that was set aside is told in a box over the window, which does not hold up the game.
+  if (!check.message.empty()) {
+    auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Bramblequay"),
+                                QString::fromStdString(Printable(check.message)));
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+  }
   RunOnTerminationSignals(&front, [&front] { front.Close("frmGame"); });
   const int code = QApplication::exec();
   platform.set_host(nullptr);
