@@ -32,9 +32,7 @@ class Recorder : public MoveObserver {
   const test::ScriptedRng& rng_;
 };
 
-std::string Card(char side, int k) {
-  return std::string("lblCard") + side + "(" + std::to_string(k) + ")";
-}
+using test::CardName;
 
 std::vector<int> Changed(const GameState& a, const GameState& b, int side) {
   std::vector<int> slots;
@@ -49,15 +47,15 @@ std::vector<std::string> Clicks(const GameState& before, const GameState& after)
   const std::vector<int> b = Changed(before, after, kSideB);
   std::vector<std::string> clicks;
   if (b.size() == 2 && a.empty()) {
-    clicks = {"cmdSetupSmackemA", Card('B', before.DisplayPos(b[0])),
-              Card('B', before.DisplayPos(b[1]))};
+    clicks = {"cmdSetupSmackemA", CardName('B', before.DisplayPos(b[0])),
+              CardName('B', before.DisplayPos(b[1]))};
   } else if (b.size() == 1 && a.size() == 1) {
-    clicks = {"cmdSetupTakemA", Card('A', a[0]), Card('B', before.DisplayPos(b[0]))};
+    clicks = {"cmdSetupTakemA", CardName('A', a[0]), CardName('B', before.DisplayPos(b[0]))};
   } else if (a.size() == 2) {
-    clicks = {Card('A', a[0]), Card('A', a[1])};  // the Switchem opening
+    clicks = {CardName('A', a[0]), CardName('A', a[1])};  // the Switchem opening
   } else if (a.size() == 1) {
     const bool discard = after.Card(kSideA, a[0]) == before.discard_top;
-    clicks = {discard ? "lblDiscardPile" : "lblDrawPile", Card('A', a[0])};
+    clicks = {discard ? "lblDiscardPile" : "lblDrawPile", CardName('A', a[0])};
   } else {
     clicks = {"lblDrawPile", "lblDiscardPile"};  // a pass
   }

@@ -27,6 +27,7 @@ struct Game {
     static const Control none;
     return c ? *c : none;
   }
+  bool Up(const std::string& name) const { return C(name).visible && C(name).enabled; }
   std::string Field(const std::string& name) const { return model.GetField(name).value_or("?"); }
   void Set(const std::string& field, const std::string& values) {
     ASSERT_EQ(model.SetField(field, values), "") << field;
@@ -58,6 +59,73 @@ struct Game {
   TempSettings file;
   FakePlatform platform;
   GameModel model{platform, file.path()};
+};
+
+inline std::string CardName(char side, int k) {
+  return std::string("lblCard") + side + "(" + std::to_string(k) + ")";
+}
+
+// Plays side A by a simple rule through the window's own events: a card goes to the slot of its
+// tenth (or twentieth) of the deck when that slot holds a misfit, otherwise a pass; now and then
+// a Smackem or Takem on random cards. `Side` offers Up(name) and Click(name).
+template <class Side>
+class SimplePlayer {
+ public:
+  SimplePlayer(Side& side, const GameModel& model, unsigned seed)
+      : side_(side), model_(model), rng_(seed) {}
+
+  // One decision, or false when there is nothing for side A to do.
+  bool Step() {
+    const GameState& s = model_.state();
+    const int n = s.stack_size;
+    if (side_.Up("cmdSwitchemA")) {
+      const int a = Slot(n);
+      side_.Click(CardName('A', a));
+      side_.Click(CardName('A', a % n + 1));
+      return !side_.Up("cmdSwitchemA") || Must("cmdSwitchemA");
+    }
+    if (s.turn_owner != kSideA || !side_.Up("lblDiscardPile")) return false;
+    if (side_.Up("cmdSetupSmackemA") && Chance(0.05)) return Special("cmdSetupSmackemA", false);
+    if (side_.Up("cmdSetupTakemA") && Chance(0.05)) return Special("cmdSetupTakemA", true);
+    const int k = Ideal(s, s.discard_top);
+    if (!Fits(s, k)) return Move("lblDiscardPile", k);
+    Must("lblDrawPile");
+    const int draw_slot = Ideal(s, s.DrawTop());
+    if (!Fits(s, draw_slot)) return Move(nullptr, draw_slot);
+    return Must(model_.fast_mode() ? "lblDiscardPile" : "cmdPlayA");
+  }
+
+ private:
+  bool Must(const std::string& name) {
+    const bool done = side_.Click(name);
+    EXPECT_TRUE(done) << name;
+    return done;
+  }
+  int Slot(int n) { return std::uniform_int_distribution<int>(1, n)(rng_); }
+  bool Chance(double p) { return std::uniform_real_distribution<double>(0, 1)(rng_) < p; }
+  static int Ideal(const GameState& s, int card) { return (card - 1) / s.slot_span + 1; }
+  static bool Fits(const GameState& s, int k) { return Ideal(s, s.Card(kSideA, k)) == k; }
+
+  bool Move(const char* pile, int slot) {
+    if (pile) Must(pile);
+    Must(CardName('A', slot));
+    return !side_.Up("cmdPlayA") || Must("cmdPlayA");
+  }
+  bool Special(const char* setup, bool takem) {
+    Must(setup);
+    const int n = model_.state().stack_size;
+    const int b = Slot(n);
+    if (takem) side_.Click(CardName('A', Slot(n)));
+    side_.Click(CardName('B', b));
+    if (!takem) side_.Click(CardName('B', b % n + 1));
+    for (const char* done : {"cmdSmackemA", "cmdTakemA"})
+      if (side_.Up(done)) Must(done);
+    return true;
+  }
+
+  Side& side_;
+  const GameModel& model_;
+  std::mt19937 rng_;
 };
 
 }  // namespace bq::test

@@ -13,7 +13,7 @@
 #include "store/settings.h"
 #include "ui/model/app_model.h"
 #include "ui/model/communicate_model.h"
-#include "ui/model/fake_platform.h"
+#include "ui/model/game_test_util.h"
 
 namespace bq::test {
 
@@ -82,10 +82,6 @@ namespace {
 using test::Copy;
 using test::Match;
 
-std::string Card(char side, int k) {
-  return std::string("lblCard") + side + "(" + std::to_string(k) + ")";
-}
-
 // The two copies see one game: my Stack is the other's opponent Stack, the piles are the same.
 void ExpectAgreement(const Copy& a, const Copy& b) {
   const GameState& x = a.app.game().state();
@@ -102,61 +98,19 @@ void ExpectAgreement(const Copy& a, const Copy& b) {
   ASSERT_EQ(x.move_count_b, y.move_count_a);
 }
 
-// Plays one copy's side through its own controls, reacting to what it sees.
+// One copy's side, its acknowledgements of the opponent's special moves first.
 class Player {
  public:
-  Player(Copy& c, unsigned seed) : c_(c), rng_(seed) {}
-
-  // One decision, or false when there is nothing for this side to do.
+  Player(Copy& c, unsigned seed) : c_(c), policy_(c, c.app.game(), seed) {}
   bool Step() {
     for (const char* ack : {"cmdSmackemB", "cmdTakemB"})
       if (c_.Up(ack)) return c_.Click(ack);
-    const GameState& s = c_.app.game().state();
-    const int n = s.stack_size;
-    if (c_.Up("cmdSwitchemA")) {
-      const int a = Slot(n);
-      c_.Click(Card('A', a));
-      c_.Click(Card('A', a % n + 1));
-      if (c_.Up("cmdSwitchemA")) c_.Click("cmdSwitchemA");
-      return true;
-    }
-    if (s.turn_owner != kSideA || !c_.Up("lblDiscardPile")) return false;
-    if (c_.Up("cmdSetupSmackemA") && Chance(0.05)) return Special("cmdSetupSmackemA", false);
-    if (c_.Up("cmdSetupTakemA") && Chance(0.05)) return Special("cmdSetupTakemA", true);
-    const int k = Ideal(s, s.discard_top);
-    if (!Fits(s, k)) return Move("lblDiscardPile", k);
-    c_.Click("lblDrawPile");
-    const int draw_slot = Ideal(s, s.DrawTop());
-    if (!Fits(s, draw_slot)) return Move(nullptr, draw_slot);
-    return c_.Click(c_.app.game().fast_mode() ? "lblDiscardPile" : "cmdPlayA");
+    return policy_.Step();
   }
 
  private:
-  int Slot(int n) { return std::uniform_int_distribution<int>(1, n)(rng_); }
-  bool Chance(double p) { return std::uniform_real_distribution<double>(0, 1)(rng_) < p; }
-  static int Ideal(const GameState& s, int card) { return (card - 1) / s.slot_span + 1; }
-  static bool Fits(const GameState& s, int k) { return Ideal(s, s.Card(kSideA, k)) == k; }
-
-  bool Move(const char* pile, int slot) {
-    if (pile) c_.Click(pile);
-    c_.Click(Card('A', slot));
-    if (c_.Up("cmdPlayA")) c_.Click("cmdPlayA");
-    return true;
-  }
-  bool Special(const char* setup, bool takem) {
-    c_.Click(setup);
-    const int n = c_.app.game().state().stack_size;
-    const int b = Slot(n);
-    if (takem) c_.Click(Card('A', Slot(n)));
-    c_.Click(Card('B', b));
-    if (!takem) c_.Click(Card('B', b % n + 1));
-    for (const char* done : {"cmdSmackemA", "cmdTakemA"})
-      if (c_.Up(done)) c_.Click(done);
-    return true;
-  }
-
   Copy& c_;
-  std::mt19937 rng_;
+  test::SimplePlayer<Copy> policy_;
 };
 
 TEST(Remote, WholeGamesWithEveryOptionEndAlikeOnBothCopies) {
