@@ -154,6 +154,8 @@ TEST(Game, AWinRecordsTheResultAndTheButtonLeadsBackToNewGame) {
   EXPECT_TRUE(g.C("lblCardB(3)").visible);
   EXPECT_NE(g.C("lblDrawPile").caption, kFaceDown);
   EXPECT_FALSE(g.Click("lblDrawPile"));  // nothing more to play
+  EXPECT_TRUE(g.Click("lblCardA(3)"));   // a card still takes its mark
+  EXPECT_EQ(g.C("lblCardA(3)").marked, 1);
   const std::string text = g.file.Read();
   for (const char* line : {"Wins1=1", "Wins7=1", "Wins8=1", "WStreak=1", "LastWinner=1"})
     EXPECT_NE(text.find(line), std::string::npos) << line;
