@@ -169,9 +169,7 @@ TEST(Game, AStackDealtInOrderWinsAndPlayStillBegins) {
   for (bool switchem : {false, true}) {
     SCOPED_TRACE(switchem);
     Game g;
-    if (switchem) {
-      ASSERT_TRUE(g.Click("chkSwitchem"));
-    }
+    if (switchem) g.Press({"chkSwitchem"});
     g.NewGameDealing(
         {5, 15, 25, 35, 45, 55, 65, 75, 85, 95, 50, 40, 30, 20, 10, 60, 70, 80, 90, 100, 1}, 0.1f);
     EXPECT_EQ(g.Field("TurnResult"), "1");
@@ -187,8 +185,7 @@ TEST(Game, AStackDealtInOrderWinsAndPlayStillBegins) {
 
 TEST(Game, LearnModeWinRecordsNothingAndLeavesNoFile) {
   Game g("", 1920);
-  ASSERT_TRUE(g.Click("optLearnModeOn"));
-  g.NewGameAFirst();
+  g.NewGameAFirst({"optLearnModeOn"});
   WinningPosition(g);
   ASSERT_TRUE(g.Click("lblDiscardPile"));
   ASSERT_TRUE(g.Click("lblCardA(10)"));

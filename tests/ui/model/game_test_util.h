@@ -21,6 +21,10 @@ struct Game {
     model.Load();
   }
   bool Click(const std::string& name) { return model.Click(name); }
+  // Clicks each in turn, every click taken.
+  void Press(std::initializer_list<const char*> names) {
+    for (const char* name : names) ASSERT_TRUE(Click(name)) << name;
+  }
   const Control& C(const std::string& name) const {
     const Control* c = model.Find(name);
     EXPECT_NE(c, nullptr) << name;
@@ -32,8 +36,9 @@ struct Game {
   void Set(const std::string& field, const std::string& values) {
     ASSERT_EQ(model.SetField(field, values), "") << field;
   }
-  // Starts a game with a fixed shuffle in which side A moves first.
-  void NewGameAFirst() {
+  // Presses `options`, then starts a game with a fixed shuffle in which side A moves first.
+  void NewGameAFirst(std::initializer_list<const char*> options = {}) {
+    Press(options);
     std::mt19937 shuffle(2024);  // a shuffle that deals neither Stack in order
     for (int i = 0; i < 100; ++i) platform.Script({static_cast<float>(shuffle() >> 8) * 0x1p-24f});
     platform.Script({0.1f});

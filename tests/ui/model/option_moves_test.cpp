@@ -13,8 +13,7 @@ std::string Stack(const Game& g, int side) {
 
 TEST(Switchem, AWrongCountClearsTheMarksAndTwoCardsSwapForBothSides) {
   Game g;
-  ASSERT_TRUE(g.Click("chkSwitchem"));
-  g.NewGameAFirst();
+  g.NewGameAFirst({"chkSwitchem"});
   const Control& button = g.C("cmdSwitchemA");
   EXPECT_TRUE(button.visible && button.enabled);
   EXPECT_EQ(button.caption, "Click on 2 of your cards to swap their positions.  Then click here.");
@@ -39,10 +38,7 @@ TEST(Switchem, AWrongCountClearsTheMarksAndTwoCardsSwapForBothSides) {
 
 TEST(Switchem, FastModeCompletesOnTheSecondMarkAndLearnModeShowsTheComputersChoice) {
   Game g;
-  ASSERT_TRUE(g.Click("chkSwitchem"));
-  ASSERT_TRUE(g.Click("optFastModeOn"));
-  ASSERT_TRUE(g.Click("optLearnModeOn"));
-  g.NewGameAFirst();
+  g.NewGameAFirst({"chkSwitchem", "optFastModeOn", "optLearnModeOn"});
   EXPECT_EQ(g.C("cmdSwitchemA").caption, "Click on 2 of your cards to swap their positions.");
   ASSERT_TRUE(g.Click("lblCardA(1)"));
   ASSERT_TRUE(g.Click("lblCardA(3)"));
@@ -58,8 +54,7 @@ TEST(Switchem, FastModeCompletesOnTheSecondMarkAndLearnModeShowsTheComputersChoi
 
 TEST(Switchem, TheComputersSwitchCanWinAndPlayStillBegins) {
   Game g;
-  ASSERT_TRUE(g.Click("chkSwitchem"));
-  g.NewGameAFirst();
+  g.NewGameAFirst({"chkSwitchem"});
   g.Set("Stacks(2)", "5 15 25 35 45 55 65 85 75 95");
   ASSERT_TRUE(g.Click("lblCardA(1)"));
   ASSERT_TRUE(g.Click("lblCardA(2)"));
@@ -73,8 +68,7 @@ TEST(Switchem, TheComputersSwitchCanWinAndPlayStillBegins) {
 // Deals `top`, the player swaps its first two cards, and the computer moves first after the
 // opening.
 void OpenWithSwitchem(Game& g, const char* option, const std::vector<int>& top) {
-  ASSERT_TRUE(g.Click("chkSwitchem"));
-  ASSERT_TRUE(g.Click(option));
+  g.Press({"chkSwitchem", option});
   g.NewGameDealing(top, 0.9f);
   ASSERT_TRUE(g.Click("lblCardA(1)"));
   ASSERT_TRUE(g.Click("lblCardA(2)"));
@@ -103,10 +97,7 @@ TEST(Switchem, TheComputerGoesOnFromItsLastTrial) {
 
 // After A's move the computer, holding an almost descending Stack, turns round under Backem.
 void ComputerReverses(Game& g) {
-  ASSERT_TRUE(g.Click("chkBackem"));
-  ASSERT_TRUE(g.Click("chkSmackem"));
-  ASSERT_TRUE(g.Click("optLearnModeOn"));
-  g.NewGameAFirst();
+  g.NewGameAFirst({"chkBackem", "chkSmackem", "optLearnModeOn"});
   g.Set("Stacks(2)", "95 85 75 65 55 45 35 25 5 15");
   g.Set("Stacks(1)", "3 50 30 20 10 60 70 2 90 100");
   g.Set("DrawCards", "61");  // passed on to the computer, which has no place for it
@@ -166,10 +157,7 @@ TEST(Backem, TheDirectionTrialsLeaveTheirMarksAndRangesToTheFirstTurn) {
 
 TEST(Smackem, AWrongCountClearsTheMarksAndTheMoveIsOncePerGame) {
   Game g;
-  ASSERT_TRUE(g.Click("chkSmackem"));
-  ASSERT_TRUE(g.Click("chkTakem"));
-  ASSERT_TRUE(g.Click("optLearnModeOn"));
-  g.NewGameAFirst();
+  g.NewGameAFirst({"chkSmackem", "chkTakem", "optLearnModeOn"});
   ASSERT_TRUE(g.C("cmdSetupSmackemA").enabled);
   EXPECT_FALSE(g.C("cmdSetupSmackemB").enabled);  // only on its own side's turn
   ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
@@ -200,9 +188,7 @@ TEST(Smackem, AWrongCountClearsTheMarksAndTheMoveIsOncePerGame) {
 
 TEST(Smackem, SettingItUpLeavesTakemOnOfferAndTheOpponentsCardsStayOnShowAfterIt) {
   Game g;
-  ASSERT_TRUE(g.Click("chkSmackem"));
-  ASSERT_TRUE(g.Click("chkTakem"));
-  g.NewGameAFirst();
+  g.NewGameAFirst({"chkSmackem", "chkTakem"});
   g.Set("Stacks(2)", "50 40 30 20 10 90 80 70 60 100");
   ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
   ASSERT_TRUE(g.C("cmdSetupTakemA").enabled);
@@ -222,10 +208,7 @@ TEST(Smackem, SettingItUpLeavesTakemOnOfferAndTheOpponentsCardsStayOnShowAfterIt
 
 TEST(Smackem, LookingAtTheDrawPileDisablesTheSetUpAndGivesNoPass) {
   Game g;
-  ASSERT_TRUE(g.Click("chkSmackem"));
-  ASSERT_TRUE(g.Click("chkTakem"));
-  ASSERT_TRUE(g.Click("optFastModeOn"));
-  g.NewGameAFirst();
+  g.NewGameAFirst({"chkSmackem", "chkTakem", "optFastModeOn"});
   g.Set("DrawCards", "44");
   g.Set("DrawPos", "1");
   ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
@@ -242,8 +225,7 @@ TEST(Smackem, LookingAtTheDrawPileDisablesTheSetUpAndGivesNoPass) {
 
 TEST(Takem, AMarkedDiscardPileStaysMarkedAndACardMakesTheMoveReady) {
   Game g;
-  ASSERT_TRUE(g.Click("chkTakem"));
-  g.NewGameAFirst();
+  g.NewGameAFirst({"chkTakem"});
   g.Set("DiscardTop", "77");
   ASSERT_TRUE(g.Click("lblDiscardPile"));
   ASSERT_TRUE(g.Click("cmdSetupTakemA"));
@@ -260,8 +242,7 @@ TEST(Takem, AMarkedDiscardPileStaysMarkedAndACardMakesTheMoveReady) {
 
 TEST(Takem, AWrongCountKeepsTheMarksAndBothInOrderIsATie) {
   Game g;
-  ASSERT_TRUE(g.Click("chkTakem"));
-  g.NewGameAFirst();
+  g.NewGameAFirst({"chkTakem"});
   g.Set("Stacks(1)", "10 20 30 40 50 60 70 80 90 55");
   g.Set("Stacks(2)", "5 15 25 35 45 100 65 75 85 95");
   ASSERT_TRUE(g.Click("cmdSetupTakemA"));
@@ -282,9 +263,7 @@ TEST(ComputerSmackem, ItCanHandThePlayerTheGame) {
   for (bool fast : {false, true}) {
     Game g;
     ASSERT_TRUE(g.Click("chkSmackem"));
-    if (fast) {
-      ASSERT_TRUE(g.Click("optFastModeOn"));
-    }
+    if (fast) g.Press({"optFastModeOn"});
     g.NewGameAFirst();
     // Nine of the computer's slots settled; the 47 it declines points at the player's slots
     // 3 and 7, which r1 = r2 = 0 picks.
@@ -294,9 +273,7 @@ TEST(ComputerSmackem, ItCanHandThePlayerTheGame) {
     g.platform.Script({0.0f, 0.0f});
     ASSERT_TRUE(g.Click("lblDiscardPile"));
     ASSERT_TRUE(g.Click("lblCardA(1)"));
-    if (!fast) {
-      ASSERT_TRUE(g.Click("cmdPlayA"));
-    }
+    if (!fast) g.Press({"cmdPlayA"});
     ASSERT_TRUE(g.C("cmdSmackemC").visible) << "fast " << fast;  // waits in every mode
     EXPECT_EQ(g.C("lblCardA(3)").marked, 1);
     EXPECT_EQ(g.C("lblCardA(7)").marked, 1);
@@ -309,8 +286,7 @@ TEST(ComputerSmackem, ItCanHandThePlayerTheGame) {
 
 TEST(ComputerTakem, ItTakesFromThePlayerOnceInTheEndGame) {
   Game g;
-  ASSERT_TRUE(g.Click("chkTakem"));
-  g.NewGameAFirst();
+  g.NewGameAFirst({"chkTakem"});
   // 20, 45, 30, 50 around a reversed pair: x = 35, so it takes the player's slot 4 for its 45.
   g.Set("Stacks(2)", "5 20 45 30 50 55 65 75 85 95");
   g.Set("Stacks(1)", "99 11 12 33 14 15 16 17 18 19");
@@ -330,9 +306,7 @@ TEST(ComputerTakem, ItTakesFromThePlayerOnceInTheEndGame) {
 
 TEST(ComputerTakem, ItsCountsRunOnSoItsSmackemCanFollow) {
   Game g;
-  ASSERT_TRUE(g.Click("chkTakem"));
-  ASSERT_TRUE(g.Click("chkSmackem"));
-  g.NewGameAFirst();
+  g.NewGameAFirst({"chkTakem", "chkSmackem"});
   // Seven slots settled around the reversed pair 45, 35; 60 fits nowhere.
   g.Set("Stacks(2)", "5 15 25 45 35 55 65 75 85 60");
   g.Set("Stacks(1)", "11 12 13 14 99 16 17 18 19 21");

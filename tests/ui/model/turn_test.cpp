@@ -62,27 +62,13 @@ TEST(TurnA, ClickingTheMarkedCardAgainLeavesOnlyThePileMarked) {
 
 TEST(TurnA, FastModeCompletesOnTheSecondClickAndTheHighestMarkWins) {
   Game g;
-  ASSERT_TRUE(g.Click("optFastModeOn"));
-  g.NewGameAFirst();
+  g.NewGameAFirst({"optFastModeOn"});
   g.Set("DiscardTop", "77");
   ASSERT_TRUE(g.Click("lblCardA(6)"));
   ASSERT_TRUE(g.Click("lblDiscardPile"));
   EXPECT_EQ(g.model.state().Card(kSideA, 6), 77);
   EXPECT_EQ(g.Field("MoveCountA"), "1");
   EXPECT_FALSE(g.C("cmdPlayA").enabled);
-}
-
-TEST(TurnA, TheDrawPileComesRoundAgainInTheSameOrder) {
-  Game g;
-  ASSERT_TRUE(g.Click("optLearnModeOn"));
-  g.NewGameAFirst();
-  const int first = g.model.state().draw_cards[1];
-  g.Set("DrawPos", "79");
-  ASSERT_TRUE(g.Click("lblDrawPile"));
-  ASSERT_TRUE(g.Click("cmdPlayA"));  // pass: the last card becomes the discard
-  EXPECT_EQ(g.Field("DrawPos"), "1");
-  EXPECT_EQ(g.Field("BuriedCount"), "0");
-  EXPECT_EQ(g.model.state().DrawTop(), first);
 }
 
 // Side B one card from order: the computer's discard judge wants 45 for slot 5.
@@ -98,17 +84,11 @@ TEST(ComputerTurn, ATakeWaitsOnlyInLearnModeWithoutFastMode) {
   for (bool fast : {false, true}) {
     for (bool learn : {false, true}) {
       Game g;
-      if (fast) {
-        ASSERT_TRUE(g.Click("optFastModeOn"));
-      }
-      if (learn) {
-        ASSERT_TRUE(g.Click("optLearnModeOn"));
-      }
+      if (fast) g.Press({"optFastModeOn"});
+      if (learn) g.Press({"optLearnModeOn"});
       g.NewGameAFirst();
       ComputerWantsTheDiscard(g);
-      if (!fast) {
-        ASSERT_TRUE(g.Click("cmdPlayA"));
-      }
+      if (!fast) g.Press({"cmdPlayA"});
       const bool waits = learn && !fast;
       SCOPED_TRACE(testing::Message() << "fast " << fast << " learn " << learn);
       EXPECT_EQ(g.C("cmdCTakesDiscard").visible, waits);
@@ -135,9 +115,7 @@ TEST(ComputerTurn, ATakeWaitsOnlyInLearnModeWithoutFastMode) {
 TEST(ComputerTurn, TakingNothingAlwaysWaits) {
   for (bool fast : {false, true}) {
     Game g;
-    if (fast) {
-      ASSERT_TRUE(g.Click("optFastModeOn"));
-    }
+    if (fast) g.Press({"optFastModeOn"});
     g.NewGameAFirst();
     // Every slot settled but one whose range no card of these fits.
     g.Set("Stacks(2)", "5 15 25 35 45 55 65 75 95 85");
@@ -146,9 +124,7 @@ TEST(ComputerTurn, TakingNothingAlwaysWaits) {
     g.Set("DrawPos", "1");
     ASSERT_TRUE(g.Click("lblDiscardPile"));
     ASSERT_TRUE(g.Click("lblCardA(1)"));  // the discard becomes 1
-    if (!fast) {
-      ASSERT_TRUE(g.Click("cmdPlayA"));
-    }
+    if (!fast) g.Press({"cmdPlayA"});
     SCOPED_TRACE(fast);
     ASSERT_TRUE(g.C("cmdCTakesNothing").visible);
     EXPECT_EQ(g.C("lblDrawPile").caption, CardFace(52));
@@ -163,8 +139,7 @@ TEST(ComputerTurn, TakingNothingAlwaysWaits) {
 
 TEST(ComputerTurn, ItsFirstTurnJudgesWithTheMarksTheDealLeft) {
   Game g;
-  ASSERT_TRUE(g.Click("chkTakem"));
-  ASSERT_TRUE(g.Click("optLearnModeOn"));
+  g.Press({"chkTakem", "optLearnModeOn"});
   // The deal settles four of the computer's slots; the computer begins, with 61 to judge.
   g.NewGameDealing(
       {58, 70, 62, 7, 79, 67, 27, 55, 34, 18, 48, 26, 32, 35, 50, 85, 95, 40, 44, 20, 61}, 0.9f);
