@@ -3,6 +3,7 @@
 
 #include "selfplay/match.h"
 #include "support/scripted_rng.h"
+#include "ui/model/game_test_util.h"
 
 namespace bq::selfplay {
 namespace {
@@ -27,29 +28,11 @@ class Checker : public MoveObserver {
     const int n = g.stack_size;
     renewed_ = renewed_ || g.draw_pos < last_draw_pos_;
     last_draw_pos_ = g.draw_pos;
-    std::array<int, kDeckSize + 1> seen{};
-    const auto see = [&](int card) {
-      ASSERT_TRUE(card >= 1 && card <= kDeckSize) << card << "\n" << g.ToString();
-      ++seen[static_cast<size_t>(card)];
-    };
-    for (int k = 1; k <= n; ++k) {
-      see(g.Card(kSideA, k));
-      see(g.Card(kSideB, k));
-    }
-    see(g.discard_top);
     ASSERT_TRUE(g.draw_pos >= 1 && g.draw_pos <= g.draw_count) << g.ToString();
     ASSERT_LT(g.buried_count, g.draw_pos) << g.ToString();
     ASSERT_EQ(g.Card(kSideB, 0), 0);
     ASSERT_EQ(g.Card(kSideB, n + 1), kDeckSize + 1);
-    if (!renewed_) {
-      for (int i = 1; i <= g.buried_count; ++i) see(g.buried[static_cast<size_t>(i)]);
-      for (int m = g.draw_pos; m <= g.draw_count; ++m) see(g.draw_cards[static_cast<size_t>(m)]);
-      // Cards beyond the Draw Pile (after a 20-card game shortened it) are out of play.
-      for (int i = 2 * n + 2 + g.draw_count; i <= kDeckSize; ++i)
-        see(g.deck[static_cast<size_t>(i)]);
-      for (int card = 1; card <= kDeckSize; ++card)
-        ASSERT_EQ(seen[static_cast<size_t>(card)], 1) << "card " << card << "\n" << g.ToString();
-    }
+    test::ExpectEveryCardOnce(g, renewed_);
 
     ASSERT_EQ(g.move_count_a + g.move_count_b, moves_);
     ASSERT_LE(std::abs(g.move_count_a - g.move_count_b), 1) << g.ToString();

@@ -71,15 +71,6 @@ void ExpectSame(GameState window, const Step& step) {
   EXPECT_EQ(window.draw_cards, selfplay.draw_cards);
 }
 
-// The window's waiting computer buttons are pressed as they come up, as self-play does not wait.
-void PressComputerButtons(test::Game& game) {
-  for (bool pressed = true; pressed;) {
-    pressed = false;
-    for (const char* b : {"cmdCTakesNothing", "cmdTakemC", "cmdSmackemC"})
-      if (game.C(b).visible && game.C(b).enabled) pressed = game.Click(b);
-  }
-}
-
 TEST(SelfPlayIsTheWindowsGame, ReplayedClicksMeetEveryReplyOfTheComputer) {
   const std::vector<std::vector<Option>> option_sets = {
       {}, {kBackem}, {kSwitchem, kBackem}, {kSmackem, kTakem}, {kStackem, kBackem, kTakem}};
@@ -114,7 +105,8 @@ TEST(SelfPlayIsTheWindowsGame, ReplayedClicksMeetEveryReplyOfTheComputer) {
           for (const std::string& c : clicks)
             ASSERT_TRUE(game.Click(c)) << c << "\n" << before.ToString();
         }
-        PressComputerButtons(game);
+        while (test::PressComputerButton(game)) {
+        }
         // The window runs on to side A's next move; compare where self-play got to by then.
         if (i + 1 < rec.steps.size() && rec.steps[i + 1].mover != kSideA) continue;
         ExpectSame(game.model.state(), rec.steps[i]);

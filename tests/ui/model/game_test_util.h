@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <fstream>
 #include <random>
 #include <sstream>
@@ -65,6 +66,42 @@ struct Game {
   FakePlatform platform;
   GameModel model{platform, file.path()};
 };
+
+// Each card of the deck is in one Stack slot, on the Discard Pile, still to come from the Draw
+// Pile, or out of play. Once the Draw Pile is renewed, only the cards in play are checked, and
+// only for being cards.
+inline void ExpectEveryCardOnce(const GameState& s, bool renewed = false) {
+  std::array<int, kDeckSize + 1> seen{};
+  const auto see = [&](int card) {
+    ASSERT_TRUE(card >= 1 && card <= kDeckSize) << card << "\n" << s.ToString();
+    ++seen[static_cast<size_t>(card)];
+  };
+  for (int k = 1; k <= s.stack_size; ++k) {
+    see(s.Card(kSideA, k));
+    see(s.Card(kSideB, k));
+  }
+  see(s.discard_top);
+  if (renewed) return;
+  for (int i = 1; i <= s.buried_count; ++i) see(s.buried[static_cast<size_t>(i)]);
+  for (int m = s.draw_pos; m <= s.draw_count; ++m) see(s.draw_cards[static_cast<size_t>(m)]);
+  // After Stackem was switched on and off, the end of the deck stays out of play.
+  for (int i = 2 * s.stack_size + 2 + s.draw_count; i <= kDeckSize; ++i)
+    see(s.deck[static_cast<size_t>(i)]);
+  for (int card = 1; card <= kDeckSize; ++card)
+    ASSERT_EQ(seen[static_cast<size_t>(card)], 1) << "card " << card << "\n" << s.ToString();
+}
+
+// Presses the first computer's button on show, if any.
+inline bool PressComputerButton(Game& g) {
+  for (const char* button : {"cmdCTakesDiscard", "cmdCTakesDraw", "cmdCTakesNothing", "cmdTakemC",
+                             "cmdSmackemC", "cmdSwitchemC", "cmdBackemC"})
+    if (g.Up(button)) {
+      const bool done = g.Click(button);
+      EXPECT_TRUE(done) << button;
+      return done;
+    }
+  return false;
+}
 
 inline std::string CardName(char side, int k) {
   return std::string("lblCard") + side + "(" + std::to_string(k) + ")";
