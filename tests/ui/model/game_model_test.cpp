@@ -144,9 +144,7 @@ TEST(Game, AWinRecordsTheResultAndTheButtonLeadsBackToNewGame) {
   Game g;
   g.NewGameAFirst();
   WinningPosition(g);
-  ASSERT_TRUE(g.Click("lblDiscardPile"));
-  ASSERT_TRUE(g.Click("lblCardA(10)"));
-  ASSERT_TRUE(g.Click("cmdPlayA"));
+  g.Press({"lblDiscardPile", "lblCardA(10)", "cmdPlayA"});
   EXPECT_EQ(g.Field("TurnResult"), "1");
   EXPECT_TRUE(g.C("cmdAWins").visible && g.C("cmdAWins").enabled);
   EXPECT_EQ(g.C("cmdAWins").caption, "    You win.    Click here to continue.");
@@ -187,9 +185,7 @@ TEST(Game, LearnModeWinRecordsNothingAndLeavesNoFile) {
   Game g("", 1920);
   g.NewGameAFirst({"optLearnModeOn"});
   WinningPosition(g);
-  ASSERT_TRUE(g.Click("lblDiscardPile"));
-  ASSERT_TRUE(g.Click("lblCardA(10)"));
-  ASSERT_TRUE(g.Click("cmdPlayA"));
+  g.Press({"lblDiscardPile", "lblCardA(10)", "cmdPlayA"});
   EXPECT_TRUE(g.C("cmdAWins").visible);
   EXPECT_FALSE(std::ifstream(g.file.path()).good());
 }
@@ -205,9 +201,7 @@ TEST(JudgementDisplay, FollowsEveryMarkingPassAndLeavesTheCardsToLearnMode) {
   ASSERT_TRUE(g.model.ClickBackground(true));
   g.NewGameDealing(
       {50, 40, 30, 20, 10, 60, 70, 80, 90, 100, 5, 15, 25, 35, 45, 94, 84, 74, 64, 98, 1}, 0.1f);
-  ASSERT_TRUE(g.Click("lblCardA(1)"));
-  ASSERT_TRUE(g.Click("lblCardA(2)"));
-  ASSERT_TRUE(g.Click("cmdSwitchemA"));
+  g.Press({"lblCardA(1)", "lblCardA(2)", "cmdSwitchemA"});
   ASSERT_TRUE(g.C("cmdSwitchemC").visible);
   std::string shown;
   for (int p = 1; p <= 10; ++p)

@@ -96,9 +96,7 @@ TEST(Sound, TheSwitchSilencesEveryClickAndIsKeptInTheFile) {
 
   ASSERT_TRUE(g.Click("mnuOptionsSound"));  // usable in the middle of a game
   EXPECT_EQ(g.C("mnuOptionsSound").value, 0);
-  ASSERT_TRUE(g.Click("lblCardA(3)"));
-  ASSERT_TRUE(g.Click("cmdPlayA"));
-  ASSERT_TRUE(g.Click("cmdQuit"));
+  g.Press({"lblCardA(3)", "cmdPlayA", "cmdQuit"});
   EXPECT_EQ(g.platform.clicks, 2);
   g.model.Exit();
   const std::string text = g.file.Read();
@@ -108,8 +106,7 @@ TEST(Sound, TheSwitchSilencesEveryClickAndIsKeptInTheFile) {
   EXPECT_EQ(again.C("mnuOptionsSound").value, 0);
   again.NewGameAFirst();
   EXPECT_EQ(again.platform.clicks, 0);
-  ASSERT_TRUE(again.Click("mnuOptionsSound"));
-  ASSERT_TRUE(again.Click("lblDrawPile"));
+  again.Press({"mnuOptionsSound", "lblDrawPile"});
   EXPECT_EQ(again.platform.clicks, 1);
 }
 

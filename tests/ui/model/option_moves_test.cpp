@@ -19,12 +19,10 @@ TEST(Switchem, AWrongCountClearsTheMarksAndTwoCardsSwapForBothSides) {
   EXPECT_EQ(button.caption, "Click on 2 of your cards to swap their positions.  Then click here.");
   EXPECT_FALSE(g.C("lblDrawPile").enabled);
   const GameState before = g.model.state();
-  ASSERT_TRUE(g.Click("lblCardA(2)"));
-  ASSERT_TRUE(g.Click("cmdSwitchemA"));
+  g.Press({"lblCardA(2)", "cmdSwitchemA"});
   EXPECT_EQ(g.C("lblCardA(2)").marked, 0);
   EXPECT_TRUE(g.C("cmdSwitchemA").visible);
-  ASSERT_TRUE(g.Click("lblCardA(2)"));
-  ASSERT_TRUE(g.Click("lblCardA(7)"));
+  g.Press({"lblCardA(2)", "lblCardA(7)"});
   EXPECT_EQ(g.C("lblCardA(2)").marked, 1);  // the selection is kept across clicks
   ASSERT_TRUE(g.Click("cmdSwitchemA"));
   EXPECT_EQ(g.model.state().Card(kSideA, 2), before.Card(kSideA, 7));
@@ -40,8 +38,7 @@ TEST(Switchem, FastModeCompletesOnTheSecondMarkAndLearnModeShowsTheComputersChoi
   Game g;
   g.NewGameAFirst({"chkSwitchem", "optFastModeOn", "optLearnModeOn"});
   EXPECT_EQ(g.C("cmdSwitchemA").caption, "Click on 2 of your cards to swap their positions.");
-  ASSERT_TRUE(g.Click("lblCardA(1)"));
-  ASSERT_TRUE(g.Click("lblCardA(3)"));
+  g.Press({"lblCardA(1)", "lblCardA(3)"});
   EXPECT_EQ(g.Field("MoveCountA"), "1");
   // Learn Mode shows the computer's Switchem whatever Fast Mode says.
   ASSERT_TRUE(g.C("cmdSwitchemC").visible);
@@ -56,9 +53,7 @@ TEST(Switchem, TheComputersSwitchCanWinAndPlayStillBegins) {
   Game g;
   g.NewGameAFirst({"chkSwitchem"});
   g.Set("Stacks(2)", "5 15 25 35 45 55 65 85 75 95");
-  ASSERT_TRUE(g.Click("lblCardA(1)"));
-  ASSERT_TRUE(g.Click("lblCardA(2)"));
-  ASSERT_TRUE(g.Click("cmdSwitchemA"));
+  g.Press({"lblCardA(1)", "lblCardA(2)", "cmdSwitchemA"});
   EXPECT_EQ(Stack(g, 2), "5 15 25 35 45 55 65 75 85 95");
   EXPECT_TRUE(g.C("cmdCWins").visible);
   EXPECT_EQ(g.Field("TurnOwner"), "1");  // the first mover is drawn as ever
@@ -70,9 +65,7 @@ TEST(Switchem, TheComputersSwitchCanWinAndPlayStillBegins) {
 void OpenWithSwitchem(Game& g, const char* option, const std::vector<int>& top) {
   g.Press({"chkSwitchem", option});
   g.NewGameDealing(top, 0.9f);
-  ASSERT_TRUE(g.Click("lblCardA(1)"));
-  ASSERT_TRUE(g.Click("lblCardA(2)"));
-  ASSERT_TRUE(g.Click("cmdSwitchemA"));
+  g.Press({"lblCardA(1)", "lblCardA(2)", "cmdSwitchemA"});
 }
 
 // The computer's Switchem judges each trial on its own judgement, and play goes on from what the
@@ -101,8 +94,7 @@ void ComputerReverses(Game& g) {
   g.Set("Stacks(2)", "95 85 75 65 55 45 35 25 5 15");
   g.Set("Stacks(1)", "3 50 30 20 10 60 70 2 90 100");
   g.Set("DrawCards", "61");  // passed on to the computer, which has no place for it
-  ASSERT_TRUE(g.Click("lblDrawPile"));
-  ASSERT_TRUE(g.Click("cmdPlayA"));
+  g.Press({"lblDrawPile", "cmdPlayA"});
   ASSERT_TRUE(g.C("cmdBackemC").visible);
   EXPECT_EQ(g.C("cmdBackemC").caption,
             "Computer will reverse its direction.  Click here to continue.");
@@ -132,10 +124,7 @@ TEST(Backem, TheReversedRowKeepsItsScreenPositionsForLabelsMarksAndSmackem) {
   EXPECT_EQ(shown(1), mark(1));
   EXPECT_EQ(shown(10), mark(10));
   const int slot10 = s.Card(kSideB, 10), slot9 = s.Card(kSideB, 9);
-  ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
-  ASSERT_TRUE(g.Click("lblCardB(1)"));
-  ASSERT_TRUE(g.Click("lblCardB(2)"));
-  ASSERT_TRUE(g.Click("cmdSmackemA"));
+  g.Press({"cmdSetupSmackemA", "lblCardB(1)", "lblCardB(2)", "cmdSmackemA"});
   EXPECT_EQ(s.Card(kSideB, 10), slot9);
   EXPECT_EQ(s.Card(kSideB, 9), slot10);
   for (int k = 1; k <= 10; ++k) EXPECT_EQ(shown(11 - k), mark(k)) << k;
@@ -176,10 +165,7 @@ TEST(Smackem, AWrongCountClearsTheMarksAndTheMoveIsOncePerGame) {
   ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
   EXPECT_FALSE(g.C("cmdSmackemA").visible);
   EXPECT_TRUE(g.C("lblDiscardPile").enabled);
-  ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
-  ASSERT_TRUE(g.Click("lblCardB(1)"));
-  ASSERT_TRUE(g.Click("lblCardB(4)"));
-  ASSERT_TRUE(g.Click("cmdSmackemA"));
+  g.Press({"cmdSetupSmackemA", "lblCardB(1)", "lblCardB(4)", "cmdSmackemA"});
   EXPECT_EQ(g.Field("MoveCountA"), "1");
   EXPECT_NE(Stack(g, 2), before);
   EXPECT_FALSE(g.C("cmdSetupSmackemA").visible);
@@ -195,10 +181,7 @@ TEST(Smackem, SettingItUpLeavesTakemOnOfferAndTheOpponentsCardsStayOnShowAfterIt
   ASSERT_TRUE(g.Click("cmdSetupTakemA"));  // straight on to the other move
   EXPECT_FALSE(g.C("cmdSmackemA").visible);
   EXPECT_TRUE(g.C("cmdTakemA").visible);
-  ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
-  ASSERT_TRUE(g.Click("lblCardB(1)"));
-  ASSERT_TRUE(g.Click("lblCardB(5)"));
-  ASSERT_TRUE(g.Click("cmdSmackemA"));
+  g.Press({"cmdSetupSmackemA", "lblCardB(1)", "lblCardB(5)", "cmdSmackemA"});
   // Face down as the set-up left them, but for the two cards that moved.
   EXPECT_TRUE(g.C("lblCardB(2)").visible);
   EXPECT_EQ(g.C("lblCardB(2)").caption, " ");
@@ -211,8 +194,7 @@ TEST(Smackem, LookingAtTheDrawPileDisablesTheSetUpAndGivesNoPass) {
   g.NewGameAFirst({"chkSmackem", "chkTakem", "optFastModeOn"});
   g.Set("DrawCards", "44");
   g.Set("DrawPos", "1");
-  ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
-  ASSERT_TRUE(g.Click("lblDrawPile"));
+  g.Press({"cmdSetupSmackemA", "lblDrawPile"});
   for (const char* name : {"cmdSetupSmackemA", "cmdSetupTakemA", "cmdSmackemA", "lblCardB(1)"})
     EXPECT_FALSE(g.C(name).enabled) << name;
   EXPECT_TRUE(g.C("cmdSmackemA").visible);
@@ -227,8 +209,7 @@ TEST(Takem, AMarkedDiscardPileStaysMarkedAndACardMakesTheMoveReady) {
   Game g;
   g.NewGameAFirst({"chkTakem"});
   g.Set("DiscardTop", "77");
-  ASSERT_TRUE(g.Click("lblDiscardPile"));
-  ASSERT_TRUE(g.Click("cmdSetupTakemA"));
+  g.Press({"lblDiscardPile", "cmdSetupTakemA"});
   EXPECT_EQ(g.C("lblDiscardPile").marked, 1);
   EXPECT_FALSE(g.C("lblDiscardPile").enabled);
   ASSERT_TRUE(g.Click("lblCardA(3)"));
@@ -247,12 +228,10 @@ TEST(Takem, AWrongCountKeepsTheMarksAndBothInOrderIsATie) {
   g.Set("Stacks(2)", "5 15 25 35 45 100 65 75 85 95");
   ASSERT_TRUE(g.Click("cmdSetupTakemA"));
   EXPECT_EQ(g.C("lblCardB(1)").caption, " ");  // face down while picked
-  ASSERT_TRUE(g.Click("lblCardA(10)"));
-  ASSERT_TRUE(g.Click("cmdTakemA"));
+  g.Press({"lblCardA(10)", "cmdTakemA"});
   EXPECT_EQ(g.C("lblCardA(10)").marked, 1);
   EXPECT_TRUE(g.C("cmdTakemA").visible);
-  ASSERT_TRUE(g.Click("lblCardB(6)"));
-  ASSERT_TRUE(g.Click("cmdTakemA"));
+  g.Press({"lblCardB(6)", "cmdTakemA"});
   EXPECT_EQ(Stack(g, 1), "10 20 30 40 50 60 70 80 90 100");
   EXPECT_EQ(Stack(g, 2), "5 15 25 35 45 55 65 75 85 95");
   EXPECT_EQ(g.Field("TurnResult"), "3");
@@ -271,8 +250,7 @@ TEST(ComputerSmackem, ItCanHandThePlayerTheGame) {
     g.Set("Stacks(1)", "47 20 70 40 50 60 30 80 90 100");
     g.Set("DiscardTop", "10");
     g.platform.Script({0.0f, 0.0f});
-    ASSERT_TRUE(g.Click("lblDiscardPile"));
-    ASSERT_TRUE(g.Click("lblCardA(1)"));
+    g.Press({"lblDiscardPile", "lblCardA(1)"});
     if (!fast) g.Press({"cmdPlayA"});
     ASSERT_TRUE(g.C("cmdSmackemC").visible) << "fast " << fast;  // waits in every mode
     EXPECT_EQ(g.C("lblCardA(3)").marked, 1);
@@ -291,9 +269,7 @@ TEST(ComputerTakem, ItTakesFromThePlayerOnceInTheEndGame) {
   g.Set("Stacks(2)", "5 20 45 30 50 55 65 75 85 95");
   g.Set("Stacks(1)", "99 11 12 33 14 15 16 17 18 19");
   g.Set("DiscardTop", "2");
-  ASSERT_TRUE(g.Click("lblDiscardPile"));
-  ASSERT_TRUE(g.Click("lblCardA(1)"));
-  ASSERT_TRUE(g.Click("cmdPlayA"));
+  g.Press({"lblDiscardPile", "lblCardA(1)", "cmdPlayA"});
   ASSERT_TRUE(g.C("cmdTakemC").visible);
   EXPECT_EQ(g.C("lblCardA(4)").marked, 1);
   EXPECT_EQ(g.C("lblCardB(3)").marked, 1);
@@ -319,8 +295,7 @@ TEST(ComputerTakem, ItsCountsRunOnSoItsSmackemCanFollow) {
   // Judged afresh, seven slots settle again and add to the seven counted before: enough for its
   // Smackem when the 3 comes by.
   EXPECT_EQ(g.Field("SettledCount"), "14");
-  ASSERT_TRUE(g.Click("lblDrawPile"));
-  ASSERT_TRUE(g.Click("cmdPlayA"));
+  g.Press({"lblDrawPile", "cmdPlayA"});
   EXPECT_TRUE(g.C("cmdSmackemC").visible);
 }
 

@@ -76,9 +76,7 @@ TEST(PromptLine, AMoveOnShowThenTheResultWhichStaysUntilTheNextGame) {
   g.Set("Stacks(2)", "5 15 25 35 45 55 65 75 85 2");
   g.Set("DiscardTop", "99");
   // The player puts the 99 on their 95; the computer wants the 95 and shows its move.
-  ASSERT_TRUE(g.Click("lblDiscardPile"));
-  ASSERT_TRUE(g.Click("lblCardA(10)"));
-  ASSERT_TRUE(g.Click("cmdPlayA"));
+  g.Press({"lblDiscardPile", "lblCardA(10)", "cmdPlayA"});
   ASSERT_TRUE(g.C("cmdCTakesDiscard").visible);
   EXPECT_EQ(g.C("lblPrompt").caption,
             "The computer will take 95 from the Discard Pile.  Click the button to continue "

@@ -19,8 +19,7 @@ TEST(TurnA, LookingAtTheDrawPileMakesTheDiscardUntakable) {
   EXPECT_EQ(g.C("lblCardA(2)").marked, 0);  // the slot is chosen after seeing the card
   EXPECT_EQ(g.C("lblDrawPile").caption, CardFace(44));
   EXPECT_TRUE(g.C("cmdPlayA").enabled);  // a pass is possible at once
-  ASSERT_TRUE(g.Click("lblDiscardPile"));
-  ASSERT_TRUE(g.Click("lblCardA(3)"));
+  g.Press({"lblDiscardPile", "lblCardA(3)"});
   EXPECT_EQ(g.C("lblDiscardPile").marked, 0);
   ASSERT_TRUE(g.Click("cmdPlayA"));
   EXPECT_EQ(g.model.state().Card(kSideA, 3), 44);
@@ -36,8 +35,7 @@ TEST(TurnA, APassBuriesTheDiscardCountsAMoveAndTestsNothing) {
   g.Set("DiscardTop", "60");
   g.Set("DrawCards", "61");
   const int buried_before = std::stoi(g.Field("BuriedCount"));
-  ASSERT_TRUE(g.Click("lblDrawPile"));
-  ASSERT_TRUE(g.Click("cmdPlayA"));
+  g.Press({"lblDrawPile", "cmdPlayA"});
   EXPECT_EQ(g.Field("MoveCountA"), "1");
   EXPECT_EQ(g.Field("TurnResult"), "0");
   EXPECT_FALSE(g.C("cmdAWins").visible);
@@ -48,8 +46,7 @@ TEST(TurnA, APassBuriesTheDiscardCountsAMoveAndTestsNothing) {
 TEST(TurnA, ClickingTheMarkedCardAgainLeavesOnlyThePileMarked) {
   Game g;
   g.NewGameAFirst();
-  ASSERT_TRUE(g.Click("lblDiscardPile"));
-  ASSERT_TRUE(g.Click("lblCardA(4)"));
+  g.Press({"lblDiscardPile", "lblCardA(4)"});
   EXPECT_TRUE(g.C("cmdPlayA").enabled);
   EXPECT_EQ(g.model.Focus(), "cmdPlayA");
   ASSERT_TRUE(g.Click("lblCardA(4)"));
@@ -64,8 +61,7 @@ TEST(TurnA, FastModeCompletesOnTheSecondClickAndTheHighestMarkWins) {
   Game g;
   g.NewGameAFirst({"optFastModeOn"});
   g.Set("DiscardTop", "77");
-  ASSERT_TRUE(g.Click("lblCardA(6)"));
-  ASSERT_TRUE(g.Click("lblDiscardPile"));
+  g.Press({"lblCardA(6)", "lblDiscardPile"});
   EXPECT_EQ(g.model.state().Card(kSideA, 6), 77);
   EXPECT_EQ(g.Field("MoveCountA"), "1");
   EXPECT_FALSE(g.C("cmdPlayA").enabled);
