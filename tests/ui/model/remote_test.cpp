@@ -21,6 +21,9 @@ namespace bq::test {
 struct Copy {
   explicit Copy(unsigned seed) : platform(seed) { app.Load(); }
   bool Click(const std::string& name) { return app.Click(name) == AppModel::Result::kDone; }
+  void Press(std::initializer_list<const char*> names) {
+    for (const char* name : names) ASSERT_TRUE(Click(name)) << name;
+  }
   bool Type(const std::string& name, const std::string& text) {
     return app.Type(name, text) == AppModel::Result::kDone;
   }
@@ -51,8 +54,7 @@ struct Match {
                    const std::string& theirs) {
     c.app.SetLink(&link);
     link.SetReceiver([&c](const std::string& m) { c.app.Receive(m); });
-    ASSERT_TRUE(c.Click("optVsHuman"));
-    ASSERT_TRUE(c.Click("cmdSetupRemoteOpponent"));
+    c.Press({"optVsHuman", "cmdSetupRemoteOpponent"});
     ASSERT_TRUE(c.Type("frmCommunicate.txtPortA", mine));
     ASSERT_TRUE(c.Type("frmCommunicate.txtIPB", " 127.0.0.1 "));
     ASSERT_TRUE(c.Type("frmCommunicate.txtPortB", theirs));
@@ -196,9 +198,7 @@ TEST(Remote, TheStatusBarTellsWhatWasSentAndReceived) {
   // The invited side moves first; the dealer waits with its cards out of reach.
   EXPECT_EQ(m.b.Field("TurnOwner"), "1");
   EXPECT_FALSE(m.a.Click("lblDiscardPile"));
-  ASSERT_TRUE(m.b.Click("lblDiscardPile"));
-  ASSERT_TRUE(m.b.Click("lblCardA(3)"));
-  ASSERT_TRUE(m.b.Click("cmdPlayA"));
+  m.b.Press({"lblDiscardPile", "lblCardA(3)", "cmdPlayA"});
   EXPECT_EQ(m.b.Panel(2), "Move sent - Discard");
   EXPECT_EQ(m.b.Panel(3), "Setup received");
   m.Pump();
@@ -225,8 +225,7 @@ TEST(Remote, AStackDealtInOrderShowsItsResultOnBothCopiesAndPlayGoesOn) {
   m.Pump();
   EXPECT_TRUE(m.a.Up("cmdAWins"));
   EXPECT_TRUE(m.b.Up("cmdBWins"));
-  ASSERT_TRUE(m.b.Click("lblDrawPile"));
-  ASSERT_TRUE(m.b.Click("cmdPlayA"));
+  m.b.Press({"lblDrawPile", "cmdPlayA"});
   m.Pump();
   EXPECT_EQ(m.a.Panel(2), "Move received - Pass");
   ExpectAgreement(m.a, m.b);

@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <QTest>
 #include <memory>
 #include <string>
 
@@ -36,6 +37,9 @@ struct Session {
   template <typename T = QWidget>
   T* find(const std::string& name) {
     return window()->findChild<T*>(QString::fromStdString(name));
+  }
+  void click(std::initializer_list<const char*> names) {
+    for (const char* name : names) QTest::mouseClick(find(name), Qt::LeftButton);
   }
 
   QTemporaryDir dir;

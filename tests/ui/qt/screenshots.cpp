@@ -146,19 +146,14 @@ void Screenshots::board() {
       Session s(cards == QLatin1String("20") ? "[Options]\nSetStackem=1\nSetTakem=1\n"
                                              : "[Options]\nSetSmackem=1\n");
       QVERIFY(QTest::qWaitForWindowExposed(s.window()));
-      QTest::mouseClick(s.find("cmdNew"), Qt::LeftButton);
-      QTest::mouseClick(s.find("lblDrawPile"), Qt::LeftButton);
-      QTest::mouseClick(s.find("lblCardA(5)"), Qt::LeftButton);
-      QTest::mouseClick(s.find("cmdPlayA"), Qt::LeftButton);
+      s.click({"cmdNew", "lblDrawPile", "lblCardA(5)", "cmdPlayA"});
       Save(s.window(), QStringLiteral("screenshot-board-%1-%2-%3.png").arg(Scale(), look, cards));
     }
     Session s;
     QTest::mouseClick(s.find("cmdNew"), Qt::LeftButton);
     s.game().SetField("Stacks(1)", "5 15 25 35 45 55 65 75 85 9");
     s.game().SetField("DiscardTop", "95");
-    QTest::mouseClick(s.find("lblDiscardPile"), Qt::LeftButton);
-    QTest::mouseClick(s.find("lblCardA(10)"), Qt::LeftButton);
-    QTest::mouseClick(s.find("cmdPlayA"), Qt::LeftButton);
+    s.click({"lblDiscardPile", "lblCardA(10)", "cmdPlayA"});
     s.window()->Refresh();  // the set positions went round the front end
     QVERIFY(s.game().cmdAWins.visible);
     Save(s.window(), QStringLiteral("screenshot-board-%1-%2-won.png").arg(Scale(), look));
