@@ -27,8 +27,8 @@ TEST(HintTest, UnderBackemADescendingStackIsBuiltDownwards) {
   EXPECT_EQ(mirrored.slot, 8);
 }
 
-// Over many random positions the advice is exactly the turn the computer would make with the
-// same Stack freshly judged, without Takem and Smackem.
+// Over many random positions, and nearly ordered ones, the advice is exactly the turn the computer
+// would make with the same Stack freshly judged, without Takem and Smackem.
 TEST(HintTest, AgreesWithTheComputersTurn) {
   std::mt19937 gen(99);
   test::ScriptedRng rng;
@@ -38,6 +38,13 @@ TEST(HintTest, AgreesWithTheComputersTurn) {
     std::iota(deck.begin(), deck.end(), 1);
     std::shuffle(deck.begin(), deck.end(), gen);
     std::vector<int> own(deck.begin(), deck.begin() + n + 1);  // slot 0 unused
+    // Half the Stacks are in order but for two swapped cards, where the computer may put a Draw
+    // Pile card in place of a stray even though the card fits no range of its own.
+    if (trial % 4 >= 2) {
+      std::sort(own.begin() + 1, own.end());
+      std::swap(own[1 + gen() % static_cast<unsigned>(n)],
+                own[1 + gen() % static_cast<unsigned>(n)]);
+    }
     const int discard = deck[static_cast<size_t>(n + 1)];
     const int draw = deck[static_cast<size_t>(n + 2)];
 
