@@ -103,6 +103,10 @@ inline bool PressComputerButton(Game& g) {
   return false;
 }
 
+// The six option check boxes, in the order of their bits in the playout tests' option masks.
+inline constexpr const char* kOptionBoxes[] = {"chkStackem", "chkBackem", "chkSwitchem",
+                                               "chkSmackem", "chkTakem",  "chkRandom"};
+
 inline std::string CardName(char side, int k) {
   return std::string("lblCard") + side + "(" + std::to_string(k) + ")";
 }

@@ -9,8 +9,6 @@ namespace {
 using test::Game;
 
 TEST(Playout, EverySeededGameEndsWithAValidResultAndLosesNoCard) {
-  const char* boxes[] = {"chkStackem", "chkBackem", "chkSwitchem",
-                         "chkSmackem", "chkTakem",  "chkRandom"};
   int decided[4] = {};
   for (unsigned seed = 0; seed < 192; ++seed) {
     SCOPED_TRACE(testing::Message() << "seed " << seed);
@@ -19,7 +17,7 @@ TEST(Playout, EverySeededGameEndsWithAValidResultAndLosesNoCard) {
     const unsigned options = seed % 64;
     for (int o = 0; o < 6; ++o)
       if (options & (1u << o)) {
-        ASSERT_TRUE(g.Click(boxes[o]));
+        ASSERT_TRUE(g.Click(test::kOptionBoxes[o]));
       }
     if ((seed / 64) % 3 == 1) {
       ASSERT_TRUE(g.Click("optFastModeOn"));

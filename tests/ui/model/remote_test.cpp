@@ -116,8 +116,6 @@ class Player {
 };
 
 TEST(Remote, WholeGamesWithEveryOptionEndAlikeOnBothCopies) {
-  const char* boxes[] = {"chkStackem", "chkBackem", "chkSwitchem",
-                         "chkSmackem", "chkTakem",  "chkRandom"};
   int results[4] = {};
   for (unsigned seed = 0; seed < 192; ++seed) {
     SCOPED_TRACE(testing::Message() << "seed " << seed);
@@ -127,7 +125,7 @@ TEST(Remote, WholeGamesWithEveryOptionEndAlikeOnBothCopies) {
     const unsigned options = seed & 32u ? 32u : seed % 64;
     for (int o = 0; o < 6; ++o)
       if (options & (1u << o)) {
-        ASSERT_TRUE(m.a.Click(boxes[o]));
+        ASSERT_TRUE(m.a.Click(test::kOptionBoxes[o]));
       }
     const unsigned mode = seed / 64;
     if (mode > 0) {
@@ -135,7 +133,7 @@ TEST(Remote, WholeGamesWithEveryOptionEndAlikeOnBothCopies) {
     }
     m.Start();
     // The dealer's options and modes hold on both copies.
-    for (const char* box : boxes) ASSERT_EQ(m.a.C(box).value, m.b.C(box).value) << box;
+    for (const char* box : test::kOptionBoxes) ASSERT_EQ(m.a.C(box).value, m.b.C(box).value) << box;
     ASSERT_EQ(m.b.Field("FastMode"), mode == 1 ? "1" : "0");
     ASSERT_EQ(m.b.Field("LearnMode"), mode == 2 ? "1" : "0");
     Player pa(m.a, seed), pb(m.b, seed + 7);
