@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <climits>
+#include <cstring>
 #include <filesystem>
 
 namespace bq {
@@ -160,6 +161,15 @@ bool IsOldTemporaryName(std::string_view name, std::string_view target) {
   return true;
 }
 
+// "no space left on device": the system's words, to follow a colon.
+std::string ErrnoText() {
+  if (errno == 0) return "the write failed";
+  std::string text = std::strerror(errno);
+  if (!text.empty() && text[0] >= 'A' && text[0] <= 'Z')
+    text[0] = static_cast<char>(text[0] - 'A' + 'a');
+  return text;
+}
+
 }  // namespace
 
 Profile::TextLine::TextLine(std::string line, End line_end) : text(std::move(line)), end(line_end) {
@@ -200,10 +210,15 @@ const char* Describe(FileFault fault) {
       return "cannot be read";
     case FileFault::kNotRegular:
       return "is not a regular file";
+    case FileFault::kSymlink:
+      return "is a symbolic link";
     case FileFault::kTooLarge:
       return "is larger than 1 MiB";
     case FileFault::kNotText:
       return "holds NUL bytes, so it is no settings file";
+    case FileFault::kNotSettings:
+      return "has none of the sections [WindowPosition], [Options], [StatsVsComputer] and "
+             "[StatsVsHumans], so it is no settings file";
   }
   return "";
 }
@@ -213,14 +228,18 @@ FileFault Profile::Load(const std::string& path) {
   bom_ = false;
   new_line_ = End::kLf;
   struct stat st;
-  if (::stat(path.c_str(), &st) != 0)
+  if (::lstat(path.c_str(), &st) != 0)
     return errno == ENOENT ? FileFault::kNone : FileFault::kUnreadable;
+  if (S_ISLNK(st.st_mode)) return FileFault::kSymlink;
   if (!S_ISREG(st.st_mode)) return FileFault::kNotRegular;
   if (static_cast<unsigned long long>(st.st_size) > kMaxSize) return FileFault::kTooLarge;
 
   // Non-blocking, and checked again once open: the name may have changed hands since.
-  Fd fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-  if (fd.get() < 0) return errno == ENOENT ? FileFault::kNone : FileFault::kUnreadable;
+  Fd fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
+  if (fd.get() < 0)
+    return errno == ENOENT  ? FileFault::kNone
+           : errno == ELOOP ? FileFault::kSymlink
+                            : FileFault::kUnreadable;
   if (::fstat(fd.get(), &st) != 0 || !S_ISREG(st.st_mode)) return FileFault::kNotRegular;
   std::string text;
   char buf[16384];
@@ -260,35 +279,42 @@ bool Profile::Parse(std::string_view text) {
   return true;
 }
 
-bool Profile::Write(const std::string& path) const {
+WriteResult Profile::Write(const std::string& path) const {
   try {
-    std::string target = path;
-    std::error_code ec;
-    // Replace what a link points to, not the link.
-    if (fs::is_symlink(target, ec)) {
-      fs::path resolved = fs::canonical(target, ec);
-      if (!ec) target = resolved.string();
-    }
+    const std::string text = Text();
+    if (text.size() > kMaxSize) return {"it would grow larger than 1 MiB"};
     struct stat old;
-    const bool exists = ::stat(target.c_str(), &old) == 0;
-    if (exists && !S_ISREG(old.st_mode)) return false;  // a device, a FIFO, a folder: not ours
+    const bool exists = ::lstat(path.c_str(), &old) == 0;
+    if (exists && S_ISLNK(old.st_mode)) return {std::string("it ") + Describe(FileFault::kSymlink)};
+    // A device, a FIFO, a folder: not ours.
+    if (exists && !S_ISREG(old.st_mode))
+      return {std::string("it ") + Describe(FileFault::kNotRegular)};
 
-    const std::string temp = TemporaryPath(target);
+    const std::string temp = TemporaryPath(path);
     Fd fd(OpenLockedTemporary(temp, true));
-    if (fd.get() < 0) return false;
-    bool ok = ::ftruncate(fd.get(), 0) == 0 && WriteAll(fd.get(), Text());
-    if (ok && exists) ok = ::fchmod(fd.get(), old.st_mode & 07777) == 0;
-    if (ok) ok = ::rename(temp.c_str(), target.c_str()) == 0;
-    // Unlinked while still locked, so nobody else can be writing it.
-    if (!ok) ::unlink(temp.c_str());
-    return fd.Close() && ok;
+    if (fd.get() < 0) return {ErrnoText()};
+    errno = 0;
+    if (::ftruncate(fd.get(), 0) != 0 || !WriteAll(fd.get(), text) ||
+        (exists && ::fchmod(fd.get(), old.st_mode & 07777) != 0) ||
+        ::rename(temp.c_str(), path.c_str()) != 0) {
+      WriteResult failed{ErrnoText()};
+      // Unlinked while still locked, so nobody else can be writing it.
+      ::unlink(temp.c_str());
+      return failed;
+    }
+    if (!fd.Close()) return {ErrnoText()};
+    return {};
   } catch (...) {
-    return false;
+    return {"out of memory"};
   }
 }
 
 std::optional<size_t> Profile::KeyLine(std::string_view section, std::string_view key) const {
   return Locate(lines_, section, key).key;
+}
+
+bool Profile::HasSection(std::string_view section) const {
+  return Locate(lines_, section, {}).header.has_value();
 }
 
 std::optional<std::string> Profile::GetString(std::string_view section,
@@ -370,10 +396,11 @@ int GetProfileInt(const std::string& path, std::string_view section, std::string
   return profile.GetInt(section, key, fallback);
 }
 
-bool WriteProfileString(const std::string& path, std::string_view section, std::string_view key,
-                        std::string_view value) {
+WriteResult WriteProfileString(const std::string& path, std::string_view section,
+                               std::string_view key, std::string_view value) {
   Profile profile;
-  if (!profile.Read(path)) return false;
+  if (const FileFault fault = profile.Load(path); fault != FileFault::kNone)
+    return {std::string("it ") + Describe(fault)};
   profile.SetString(section, key, value);
   return profile.Write(path);
 }

@@ -7,10 +7,25 @@
 
 namespace bq {
 
-// Why a file cannot serve as a profile.
-enum class FileFault { kNone, kUnreadable, kNotRegular, kTooLarge, kNotText };
+// Why a file cannot serve as a profile. kNotSettings is the settings file's own test, on top of
+// the profile's (see settings.h).
+enum class FileFault {
+  kNone,
+  kUnreadable,
+  kNotRegular,
+  kSymlink,
+  kTooLarge,
+  kNotText,
+  kNotSettings
+};
 // "is not a regular file" and the like, to follow the file's name.
 const char* Describe(FileFault fault);
+
+// What became of a write: why it failed, empty when it did not.
+struct WriteResult {
+  std::string error;
+  explicit operator bool() const { return error.empty(); }
+};
 
 // A profile ("INI") file that behaves like the Windows profile functions the game's file format
 // comes from. Our own code rather than a library because those details decide what a hand-edited
@@ -26,8 +41,9 @@ class Profile {
   static constexpr size_t kMaxSize = 1024 * 1024;
 
   // Loads PATH; a missing file is an empty profile. The file's type is looked at before it is
-  // opened, so a FIFO or a device is never opened. On failure the profile is empty, so that a
-  // later Write does not wipe the file.
+  // opened, so a FIFO or a device is never opened, and a symbolic link is not followed: a link
+  // planted under the name must not get us to edit what it points to. On failure the profile is
+  // empty, so that a later Write does not wipe the file.
   FileFault Load(const std::string& path);
   bool Read(const std::string& path) { return Load(path) == FileFault::kNone; }
 
@@ -37,9 +53,10 @@ class Profile {
 
   // Replaces PATH with this profile by way of a temporary file in the same folder, so the file is
   // either the old one or the new one, never a mix. The temporary has one fixed name, locked while
-  // in use, so crashes leave at most one behind. Refuses to replace anything but a regular file.
-  // False when that failed (a full disk, a file-size limit); never throws.
-  bool Write(const std::string& path) const;
+  // in use, so crashes leave at most one behind. Refuses to replace anything but a regular file,
+  // and to write more than Load would read back. Fails (a full disk, a file-size limit) with the
+  // reason; never throws.
+  WriteResult Write(const std::string& path) const;
 
   // The value of a key, trimmed, one pair of enclosing quotes removed; nothing when it is missing.
   std::optional<std::string> GetString(std::string_view section, std::string_view key) const;
@@ -56,6 +73,7 @@ class Profile {
   size_t LineCount() const { return lines_.size(); }
   const std::string& Line(size_t i) const { return lines_[i].text; }
   std::optional<size_t> KeyLine(std::string_view section, std::string_view key) const;
+  bool HasSection(std::string_view section) const;
 
   // What Write stores.
   std::string Text() const;
@@ -90,7 +108,7 @@ void RemoveStaleTemporaries(const std::string& path);
 // One-key conveniences with the Windows functions' shape; each reads the whole file.
 int GetProfileInt(const std::string& path, std::string_view section, std::string_view key,
                   int fallback);
-bool WriteProfileString(const std::string& path, std::string_view section, std::string_view key,
-                        std::string_view value);
+WriteResult WriteProfileString(const std::string& path, std::string_view section,
+                               std::string_view key, std::string_view value);
 
 }  // namespace bq

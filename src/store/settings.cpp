@@ -42,9 +42,22 @@ void ForEachStat(Stats& stats, Visit visit) {
 }
 
 // Counters and options are 16-bit wide in the game; a hand-edited giant is taken as the limit.
-int ReadShort(const Profile& profile, std::string_view section, std::string_view key,
-              int fallback) {
-  return std::clamp(profile.GetInt(section, key, fallback), -32768, 32767);
+int ReadShort(const Profile& profile, std::string_view section, std::string_view key, int fallback,
+              int lowest = -32768) {
+  return std::clamp(profile.GetInt(section, key, fallback), lowest, 32767);
+}
+
+constexpr std::array<std::string_view, 4> kGameSections = {kPosition, kOptions, kStatsSections[1],
+                                                           kStatsSections[2]};
+
+bool HasContent(const Profile& profile) {
+  for (size_t i = 0; i < profile.LineCount(); ++i)
+    if (profile.Line(i).find_first_not_of(" \t\r\v\f") != std::string::npos) return true;
+  return false;
+}
+
+WriteResult LoadFailure(FileFault fault) {
+  return {std::string("it ") + Describe(fault)};
 }
 
 // "1200", or "1200.5" when there is a fraction: never an exponent, which would read back as 1.
@@ -79,9 +92,18 @@ std::vector<SettingsKey> AllSettingsKeys() {
   return keys;
 }
 
+FileFault LoadSettingsProfile(const std::string& path, Profile& profile) {
+  const FileFault fault = profile.Load(path);
+  if (fault != FileFault::kNone || !HasContent(profile)) return fault;
+  for (std::string_view section : kGameSections)
+    if (profile.HasSection(section)) return FileFault::kNone;
+  profile = Profile();
+  return FileFault::kNotSettings;
+}
+
 Settings LoadSettings(const std::string& path) {
   Profile profile;
-  profile.Read(path);  // an unreadable file reads like a missing one
+  LoadSettingsProfile(path, profile);  // an unreadable file reads like a missing one
   return SettingsFromProfile(profile);
 }
 
@@ -94,16 +116,17 @@ Settings SettingsFromProfile(const Profile& profile) {
     settings.options.*field = ReadShort(profile, kOptions, key, settings.options.*field);
   for (int kind : {kVsComputer, kVsHumans}) {
     ForEachStat(settings.stats[static_cast<size_t>(kind)], [&](const std::string& key, int& value) {
-      value = ReadShort(profile, kStatsSections[static_cast<size_t>(kind)], key, 0);
+      value = ReadShort(profile, kStatsSections[static_cast<size_t>(kind)], key, 0, 0);
     });
   }
   settings.sound = profile.GetInt(kPreferences, "Sound", 1) != 0;
   return settings;
 }
 
-bool SaveSettings(const std::string& path, const Settings& settings) {
+WriteResult SaveSettings(const std::string& path, const Settings& settings) {
   Profile profile;
-  if (!profile.Read(path)) return false;
+  if (const FileFault fault = LoadSettingsProfile(path, profile); fault != FileFault::kNone)
+    return LoadFailure(fault);
   PutSettings(profile, settings);
   return profile.Write(path);
 }
@@ -121,9 +144,10 @@ void PutSettings(Profile& profile, const Settings& settings) {
   profile.SetString(kPreferences, "Sound", settings.sound ? "1" : "0");
 }
 
-bool SaveStatistics(const std::string& path, const std::array<GameStats, 3>& stats) {
+WriteResult SaveStatistics(const std::string& path, const std::array<GameStats, 3>& stats) {
   Profile profile;
-  if (!profile.Read(path)) return false;
+  if (const FileFault fault = LoadSettingsProfile(path, profile); fault != FileFault::kNone)
+    return LoadFailure(fault);
   PutStatistics(profile, stats);
   return profile.Write(path);
 }
@@ -131,7 +155,8 @@ bool SaveStatistics(const std::string& path, const std::array<GameStats, 3>& sta
 SettingsFileCheck CheckSettingsFile(const std::string& path, bool named_by_user) {
   namespace fs = std::filesystem;
   RemoveStaleTemporaries(path);
-  const FileFault fault = Profile().Load(path);
+  Profile profile;
+  const FileFault fault = LoadSettingsProfile(path, profile);
   if (fault == FileFault::kNone) return {};
   const std::string why = Describe(fault);
   if (named_by_user) return {true, "the settings file " + path + " " + why};

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "store/profile.h"
+
 namespace bq {
 
 // Results against one kind of opponent. Index 1..7 are the option rows, 8 the record run.
@@ -46,8 +48,6 @@ struct Settings {
   bool operator==(const Settings&) const = default;
 };
 
-class Profile;
-
 // The keys SaveSettings writes as (section, key), in the file's order: the game's 67, then ours.
 struct SettingsKey {
   std::string_view section;
@@ -59,8 +59,13 @@ std::vector<SettingsKey> AllSettingsKeys();
 Settings SettingsFromProfile(const Profile& profile);
 void PutSettings(Profile& profile, const Settings& settings);
 
+// Profile::Load, and then the settings file's own test: a file with lines but none of the game's
+// four sections is somebody else's (kNotSettings), and the profile is left empty.
+FileFault LoadSettingsProfile(const std::string& path, Profile& profile);
+
 // Start-up checks on the settings file, before anything reads it: removes the temporaries that
-// interrupted writes left, and makes sure PATH is missing or a regular text file of a sane size.
+// interrupted writes left, and makes sure PATH is missing or a regular text file of a sane size
+// that is a settings file (LoadSettingsProfile); a symbolic link is not one.
 // When it is not, a file the user named is refused (`refused`); the usual file is moved aside
 // under a new name, never deleted, and the game starts with the defaults. `message` is the one
 // line to show the player, empty when all is well.
@@ -70,16 +75,17 @@ struct SettingsFileCheck {
 };
 SettingsFileCheck CheckSettingsFile(const std::string& path, bool named_by_user);
 
-// Reads all 67 keys; anything missing or unreadable takes its default, options and counters are
-// clamped to -32768..32767 (the position is not: it may lie past 32767 twips). Never fails.
+// Reads all 67 keys; anything missing or unreadable takes its default, options are clamped to
+// -32768..32767 and statistics to 0..32767, since no game makes them negative (the position is
+// not: it may lie past 32767 twips). Never fails.
 Settings LoadSettings(const std::string& path);
 
 // Writes all 67 keys in their order, then our own section, keeping every other line of the file.
-// With Random on the five options it drew are written as 0. The file is replaced atomically. False
-// when it could not be written.
-bool SaveSettings(const std::string& path, const Settings& settings);
+// With Random on the five options it drew are written as 0. The file is replaced atomically. Fails,
+// with the reason, when it could not be written or is no settings file (LoadSettingsProfile).
+WriteResult SaveSettings(const std::string& path, const Settings& settings);
 
 // Writes only the two statistics sections (56 keys), leaving everything else in the file.
-bool SaveStatistics(const std::string& path, const std::array<GameStats, 3>& stats);
+WriteResult SaveStatistics(const std::string& path, const std::array<GameStats, 3>& stats);
 
 }  // namespace bq

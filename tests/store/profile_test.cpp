@@ -146,14 +146,16 @@ TEST(Profile, WriteReplacesAtomicallyOrFailsWithoutDamage) {
   std::ofstream(real) << "[A]\nX=1\n";
   ASSERT_TRUE(WriteProfileString(real.string(), "A", "Y", "3"));
   EXPECT_EQ(std::distance(fs::directory_iterator(file.dir()), {}), 1) << "no temporary left";
-  std::error_code ec;
-  fs::create_symlink(real, file.path(), ec);
-  if (!ec) {
-    ASSERT_TRUE(WriteProfileString(file.path(), "A", "X", "2"));
-    EXPECT_TRUE(fs::is_symlink(file.path())) << "the link is followed, not replaced";
-    EXPECT_EQ(file.Read(), "[A]\nX=2\nY=3\n");
-    fs::remove(file.path());
-  }
+  // A link planted under the name: what it points to is neither read nor written.
+  fs::create_symlink(real, file.path());
+  EXPECT_EQ(Profile().Load(file.path()), FileFault::kSymlink);
+  Profile through;
+  through.SetString("A", "X", "2");
+  EXPECT_EQ(through.Write(file.path()).error, "it is a symbolic link");
+  EXPECT_EQ(WriteProfileString(file.path(), "A", "X", "2").error, "it is a symbolic link");
+  EXPECT_TRUE(fs::is_symlink(file.path()));
+  EXPECT_EQ(file.Read(), "[A]\nX=1\nY=3\n");
+  fs::remove(file.path());
 
   EXPECT_FALSE(WriteProfileString((real / "x.ini").string(), "A", "X", "1"));
   // A folder under the name can be neither read nor replaced.
@@ -162,7 +164,7 @@ TEST(Profile, WriteReplacesAtomicallyOrFailsWithoutDamage) {
   Profile p;
   EXPECT_FALSE(p.Read(file.path()));
   p.SetString("A", "X", "1");
-  EXPECT_FALSE(p.Write(file.path())) << "the final rename fails";
+  EXPECT_EQ(p.Write(file.path()).error, "it is not a regular file");
   EXPECT_TRUE(fs::exists(fs::path(file.path()) / "inside"));
   EXPECT_EQ(std::distance(fs::directory_iterator(file.dir()), {}), 2) << "no temporary left";
 }

@@ -27,7 +27,7 @@ Settings Sample() {
       for (size_t i = 1; i <= 8; ++i) (*row)[i] = next++;
     g->last_winner = next++;
     g->l_streak = next++;
-    g->t_streak = -1;
+    g->t_streak = next++;
   }
   return s;
 }
@@ -90,13 +90,17 @@ TEST(Settings, ValuesReadAsClampedProfileIntegers) {
   file.Write(
       "[options]\nsetopponent=-7\nSETFASTMODE=abc\nSetStackem=-99999\n"
       "[WINDOWPOSITION]\n left = 1200.5 \n"
-      "[StatsVsComputer]\nWins1=99999999\n");
+      "[StatsVsComputer]\nWins1=99999999\nLosses1=-5\nLastWinner=-1\nWStreak=-32768\n");
   const Settings s = LoadSettings(file.path());
   EXPECT_EQ(s.options.opponent, -7);
   EXPECT_EQ(s.options.fast_mode, 0) << "text that is no number is 0, not the default";
   EXPECT_EQ(s.options.stackem, -32768);
   EXPECT_EQ(s.left, 1200);
   EXPECT_EQ(s.stats[kVsComputer].wins[1], 32767);
+  // No game makes a counter negative: shown and counted from 0, not as -5 wins.
+  EXPECT_EQ(s.stats[kVsComputer].losses[1], 0);
+  EXPECT_EQ(s.stats[kVsComputer].last_winner, 0);
+  EXPECT_EQ(s.stats[kVsComputer].w_streak, 0);
 }
 
 TEST(Settings, RandomForgetsTheOptionsItDrew) {
@@ -124,39 +128,100 @@ TEST(Settings, SavingKeepsEveryOtherLine) {
   EXPECT_NE(text.find("\n[Mine]\nAny=goes\n"), std::string::npos);
 }
 
-TEST(Settings, UnwritablePlaceReportsFailure) {
+TEST(Settings, AFailedSaveSaysWhyAndNeverLeavesAFileThatWouldNotBeRead) {
   test::TempSettings file;
   const fs::path blocker = file.dir() / "file";
   std::ofstream(blocker) << "x";
   EXPECT_FALSE(SaveSettings((blocker / "x.ini").string(), Sample()));
+  EXPECT_EQ(SaveSettings("/dev/null", Sample()).error, "it is not a regular file");
+
+  // A file padded with lines of its owner's up to the size limit: a save that would take it past
+  // the limit is refused and the file stays readable; one that reaches the limit exactly is not.
+  const std::string head = "; notes\n[Options]\nSetStackem=1\n";
+  const auto padded = [&](size_t size) {
+    return head + std::string(size - head.size() - 1, ';') + "\n";
+  };
+  file.Write(padded(1000));
+  ASSERT_TRUE(SaveSettings(file.path(), Sample()));
+  const size_t growth = file.Read().size() - 1000;
+  for (size_t extra : {1, 0}) {
+    const std::string before = padded(Profile::kMaxSize - growth + extra);
+    file.Write(before);
+    ASSERT_EQ(LoadSettings(file.path()).options.stackem, 1);
+    const WriteResult saved = SaveSettings(file.path(), Sample());
+    if (extra == 1) {
+      EXPECT_EQ(saved.error, "it would grow larger than 1 MiB");
+      EXPECT_EQ(file.Read(), before);
+    } else {
+      EXPECT_TRUE(saved) << saved.error;
+      EXPECT_EQ(file.Read().size(), Profile::kMaxSize);
+      EXPECT_EQ(LoadSettings(file.path()).stats, Sample().stats);
+    }
+  }
 }
 
 TEST(Settings, AFileThatIsNoSettingsFileIsRefusedOrSetAsideNeverOverwritten) {
   test::TempSettings file;
   EXPECT_EQ(CheckSettingsFile(file.path(), true).message, "") << "missing is fine";
-  const std::string binary(
-      "\x7f"
-      "ELF\0\0\1",
-      7);
-  file.Write(binary);
-  const SettingsFileCheck named = CheckSettingsFile(file.path(), true);
-  EXPECT_TRUE(named.refused);
-  EXPECT_EQ(named.message,
-            "the settings file " + file.path() + " holds NUL bytes, so it is no settings file");
-  EXPECT_EQ(file.Read(), binary);
+  const fs::path real = file.dir() / "real.ini";
+  std::ofstream(real) << "[Options]\nSetStackem=1\n";
+  const std::string not_ours =
+      " has none of the sections [WindowPosition], [Options], "
+      "[StatsVsComputer] and [StatsVsHumans], so it is no settings file";
+  const std::pair<std::string, std::string> cases[] = {
+      {std::string("\x7f"
+                   "ELF\0\0\1",
+                   7),
+       " holds NUL bytes, so it is no settings file"},
+      {"root:x:0:0:root:/root:/bin/bash\ndaemon:x:1:1::/usr/sbin:/usr/sbin/nologin\n", not_ours},
+      {"; only a comment\n", not_ours},
+      {"(link)", " is a symbolic link"}};
+  const auto plant = [&](const std::string& text) {
+    fs::remove(file.path());
+    if (text == "(link)")
+      fs::create_symlink(real, file.path());
+    else
+      file.Write(text);
+  };
+  for (const auto& [text, why] : cases) {
+    SCOPED_TRACE(why);
+    plant(text);
+    const std::string before = file.Read();
+    const SettingsFileCheck named = CheckSettingsFile(file.path(), true);
+    EXPECT_TRUE(named.refused);
+    EXPECT_EQ(named.message, "the settings file " + file.path() + why);
+    EXPECT_EQ(SaveSettings(file.path(), Sample()).error, "it" + why);
+    EXPECT_EQ(SaveStatistics(file.path(), Sample().stats).error, "it" + why);
+    EXPECT_EQ(file.Read(), before) << "not a byte changed";
+    EXPECT_EQ(LoadSettings(file.path()), Settings{});
+  }
 
-  // The usual file goes aside, under a name that is free.
-  for (const char* suffix : {".damaged", ".damaged-2"}) {
-    file.Write(binary);
+  // The usual file goes aside, under a name that is free; a link goes aside as a link.
+  for (size_t i = 0; i < std::size(cases); ++i) {
+    const auto& [text, why] = cases[i];
+    SCOPED_TRACE(why);
+    plant(text);
+    const std::string before = file.Read();
     const SettingsFileCheck usual = CheckSettingsFile(file.path(), false);
     EXPECT_FALSE(usual.refused);
-    EXPECT_NE(usual.message.find("kept as " + file.path() + suffix), std::string::npos)
-        << usual.message;
-    EXPECT_FALSE(fs::exists(file.path()));
-    std::ifstream kept(file.path() + suffix, std::ios::binary);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(kept), {}), binary);
+    const std::string aside =
+        file.path() + (i == 0 ? ".damaged" : ".damaged-" + std::to_string(i + 1));
+    EXPECT_EQ(usual.message, "the settings file " + file.path() + why + "; it is kept as " + aside +
+                                 " and the game starts with the default settings");
+    EXPECT_FALSE(fs::exists(fs::symlink_status(file.path())));
+    std::ifstream kept(aside, std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(kept), {}), before);
+    EXPECT_EQ(fs::is_symlink(aside), text == "(link)");
   }
-  EXPECT_FALSE(SaveSettings("/dev/null", Sample())) << "a device is never replaced";
+  std::ifstream target(real);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(target), {}), "[Options]\nSetStackem=1\n");
+
+  // Text with one of the game's sections, in any case, or with no lines worth the name, is ours.
+  for (const char* text : {"", "\n \r\n\t\n", "; mine\nJunk\n[statsvshumans]\n"}) {
+    file.Write(text);
+    EXPECT_EQ(CheckSettingsFile(file.path(), true).message, "") << text;
+    EXPECT_TRUE(SaveSettings(file.path(), Sample())) << text;
+  }
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ class StatsModelTest : public ::testing::Test {
   static constexpr char kMixedFile[] =
       "[Options]\nSetStackem=1\n"
       "[StatsVsComputer]\nWins1=1\nLosses1=1\nTies1=1\nWins7=3\nWins8=4\nTStreak=1\n"
-      "[StatsVsHumans]\nWins2=2\nLosses2=6\nLStreak=5\n";
+      "[StatsVsHumans]\nWins2=2\nLosses2=6\nTies2=-5\nLStreak=5\n";
   test::TempSettings file_;
   test::FakePlatform platform_;
   StatsModel model_{platform_};
@@ -36,7 +36,8 @@ TEST_F(StatsModelTest, ShowsTheCurrentKindAndTogglesWithoutRereading) {
   model_.Open(file_.path(), false);
   EXPECT_EQ(Caption("Caption"), "Your statistics vs humans");
   EXPECT_EQ(Caption("cmdShowOtherStats"), "Show statistics vs computer");
-  EXPECT_EQ(Caption("lblWinsPct(2)"), "25.00%");
+  EXPECT_EQ(Caption("lblWinsPct(2)"), "25.00%") << "a negative count in the file is none";
+  EXPECT_EQ(Caption("lblTies(2)"), "0");
   EXPECT_EQ(Caption("lblLStreak"), "5");
 
   file_.Write("");  // a toggle shows the copy read on opening
