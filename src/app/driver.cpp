@@ -34,6 +34,10 @@ class DriverPlatform : public Platform {
   void WindowOpened(const std::string& window) override { out_ << "open: " << window << '\n'; }
   void WindowClosed(const std::string& window) override { out_ << "closed: " << window << '\n'; }
   void Warn(const std::string& text) override { std::cerr << "bramblequay: " << text << '\n'; }
+  void Notice(const std::string& text) override {
+    out_ << "notice: " << text << '\n';
+    Warn(text);
+  }
   int sounds() const { return sounds_; }
 
  private:

@@ -1,7 +1,6 @@
 #include <unistd.h>
 #include <QApplication>
 #include <QCoreApplication>
-#include <QMessageBox>
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
@@ -121,13 +120,8 @@ int main(int argc, char** argv) {
   front.Start();
   if (front.finished()) return 0;
   // A player who started the game from a menu never sees standard error: a damaged settings file
-  // that was set aside is told in a box over the window, which does not hold up the game.
-  if (!check.message.empty()) {
-    auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Bramblequay"),
-                                QString::fromStdString(Printable(check.message)));
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
-  }
+  // that was set aside is told over the window too.
+  if (!check.message.empty()) platform.ShowNotice(Printable(check.message));
   RunOnTerminationSignals(&front, [&front] { front.Close("frmGame"); });
   const int code = QApplication::exec();
   platform.set_host(nullptr);

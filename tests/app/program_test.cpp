@@ -40,8 +40,15 @@ TEST(Program, ANamedFileThatIsNoSettingsFileIsRefusedUntouched) {
   const fs::path copy = file.dir() / "program";
   fs::copy_file(kProgram, copy);
   file.Write(std::string(1024 * 1024 + 1, '\n'));
+  // Someone else's text, and a link, here to a good settings file: neither is ever edited.
+  const fs::path foreign = file.dir() / "passwd";
+  std::ofstream(foreign) << "root:x:0:0:root:/root:/bin/bash\n";
+  const fs::path link = file.dir() / "link.ini";
+  std::ofstream(file.dir() / "real.ini") << "[Options]\nSetStackem=1\n";
+  fs::create_symlink(file.dir() / "real.ini", link);
   for (const std::string& path :
-       {std::string("/dev/null"), fifo.string(), copy.string(), file.path(), file.dir().string()}) {
+       {std::string("/dev/null"), fifo.string(), copy.string(), file.path(), file.dir().string(),
+        foreign.string(), link.string()}) {
     SCOPED_TRACE(path);
     const std::string before = fs::is_regular_file(path) ? Slurp(path) : "";
     ChildOptions options;
@@ -66,32 +73,58 @@ TEST(Program, ADamagedUsualFileIsKeptAsideAndTheGameStartsAfresh) {
   const fs::path program = dir.dir() / "bramblequay";
   fs::copy_file(kProgram, program);
   std::ofstream(dir.dir() / "click.wav");  // with its data beside it, a copy keeps its file there
-  const std::string damaged("[Options]\nSetStackem=1\n\0\0\0", 26);
-  dir.Write(damaged);
-  std::ofstream(dir.path() + ".tmp123-1") << "left by a crash";
-  ChildOptions options;
-  options.input = "get StackSize\nclose frmGame\n";
-  const ChildResult r = RunChild(program.string(), {"--headless"}, options);
-  EXPECT_EQ(ExitCode(r), 0);
-  EXPECT_EQ(r.out, "StackSize=10\n");
-  EXPECT_EQ(r.err, "bramblequay: the settings file " + dir.path() +
-                       " holds NUL bytes, so it is no settings file; it is kept as " + dir.path() +
-                       ".damaged and the game starts with the default settings\n");
-  EXPECT_EQ(Slurp(dir.path() + ".damaged"), damaged);
-  EXPECT_NE(dir.Read().find("SetStackem=0"), std::string::npos) << "a fresh file";
-  EXPECT_FALSE(fs::exists(dir.path() + ".tmp123-1"));
+  const fs::path elsewhere = dir.dir() / "elsewhere.ini";
+  std::ofstream(elsewhere) << "[Options]\nSetStackem=1\n";
+  const std::pair<std::string, std::string> cases[] = {
+      {std::string("[Options]\nSetStackem=1\n\0\0\0", 26),
+       " holds NUL bytes, so it is no settings file"},
+      {"root:x:0:0:root:/root:/bin/bash\n",
+       " has none of the sections [WindowPosition], [Options], [StatsVsComputer] and "
+       "[StatsVsHumans], so it is no settings file"},
+      {"(link)", " is a symbolic link"}};
+  for (const auto& [damaged, why] : cases) {
+    SCOPED_TRACE(why);
+    fs::remove(dir.path());
+    fs::remove(dir.path() + ".damaged");
+    if (damaged == "(link)")
+      fs::create_symlink(elsewhere, dir.path());
+    else
+      dir.Write(damaged);
+    std::ofstream(dir.path() + ".tmp123-1") << "left by a crash";
+    ChildOptions options;
+    options.input = "get StackSize\nclose frmGame\n";
+    const ChildResult r = RunChild(program.string(), {"--headless"}, options);
+    EXPECT_EQ(ExitCode(r), 0);
+    EXPECT_EQ(r.out, "StackSize=10\n");
+    EXPECT_EQ(r.err, "bramblequay: the settings file " + dir.path() + why + "; it is kept as " +
+                         dir.path() + ".damaged and the game starts with the default settings\n");
+    EXPECT_EQ(Slurp(dir.path() + ".damaged"),
+              damaged == "(link)" ? "[Options]\nSetStackem=1\n" : damaged);
+    EXPECT_FALSE(fs::is_symlink(dir.path()));
+    EXPECT_NE(dir.Read().find("SetStackem=0"), std::string::npos) << "a fresh file";
+    EXPECT_FALSE(fs::exists(dir.path() + ".tmp123-1"));
+  }
+  EXPECT_EQ(Slurp(elsewhere), "[Options]\nSetStackem=1\n");
 }
 
+// A player who starts the game from a menu never sees standard error: the window says it too.
 TEST(Program, ASaveOverAFileSizeLimitFailsPoliteAndLeavesTheOldFile) {
   test::TempSettings file;
-  const std::string old = "[Options]\r\nSetStackem=1\r\n";
+  const std::string old = "[Options]\r\nSetStackem=0\r\n";
   file.Write(old);
   ChildOptions options;
-  options.input = "close frmGame\n";
+  options.input =  // a won game, whose result cannot be saved
+      "click cmdNew\nset Stacks(1) 5 15 25 35 45 55 65 75 85 99\n"
+      "set DiscardTop 95\nclick lblDiscardPile\nclick lblCardA(10)\nclick cmdPlayA\n"
+      "get TurnResult\nclose frmGame\n";
   options.file_limit = 64;  // the full file is some 900 bytes
-  const ChildResult r = RunChild(kProgram, {"--headless", "--settings", file.path()}, options);
+  const ChildResult r =
+      RunChild(kProgram, {"--headless", "--seed", "42", "--settings", file.path()}, options);
   EXPECT_EQ(ExitCode(r), 0) << "not killed by SIGXFSZ";
-  EXPECT_EQ(r.err, "bramblequay: cannot write the settings file " + file.path() + "\n");
+  const std::string told = "cannot save the settings file " + file.path() +
+                           ": file too large; your results are not counted until it can be saved";
+  EXPECT_EQ(r.out, "notice: " + told + "\nTurnResult=1\n");
+  EXPECT_EQ(r.err, "bramblequay: " + told + "\n") << "once, not again at exit";
   EXPECT_EQ(file.Read(), old);
   EXPECT_EQ(std::distance(fs::directory_iterator(file.dir()), {}), 1) << "no temporary left";
 }

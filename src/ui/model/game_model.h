@@ -86,6 +86,8 @@ class GameModel : public WindowModel {
   const GameState& state() const { return g_; }
   const ai::Judgement& judgement() const { return judge_; }
   const std::string& settings_path() const { return settings_path_; }
+  // Why the settings file could not be saved, told once per run; empty while saves succeed.
+  const std::string& save_notice() const { return save_notice_; }
   bool learn_mode() const { return learn_mode_; }
   bool fast_mode() const { return fast_mode_; }
   bool vs_computer() const { return vs_computer_; }
@@ -188,7 +190,9 @@ class GameModel : public WindowModel {
   void RecordResult(Outcome outcome);
   void QuitGame();
   Settings CurrentSettings(Settings base) const;
-  void SaveOrWarn(const Settings& s);
+  // A failed save is told once: in the window during play, on standard error only at exit, when
+  // the window is going away.
+  void SaveOrWarn(const Settings& s, bool exiting);
 
   // The ordinary turn (game_turn.cpp).
   void StartOfPlay();
@@ -323,7 +327,7 @@ class GameModel : public WindowModel {
   std::string remote_host_;
   bool remote_switch_awaited_ = false;
   bool remote_move_due_ = false;  // the opponent's turn has begun here and its move not come
-  bool warned_unwritable_ = false;
+  std::string save_notice_;
   bool sound_on_ = true;
   Selecting selecting_ = Selecting::kNone;
   Pending pending_ = Pending::kNone;

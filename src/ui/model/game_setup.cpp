@@ -392,10 +392,17 @@ Settings GameModel::CurrentSettings(Settings base) const {
   return base;
 }
 
-void GameModel::SaveOrWarn(const Settings& s) {
-  if (SaveSettings(settings_path_, s) || warned_unwritable_) return;
-  warned_unwritable_ = true;
-  platform_.Warn("cannot write the settings file " + settings_path_);
+void GameModel::SaveOrWarn(const Settings& s, bool exiting) {
+  const WriteResult saved = SaveSettings(settings_path_, s);
+  if (saved || !save_notice_.empty()) return;
+  save_notice_ = "cannot save the settings file " + settings_path_ + ": " + saved.error;
+  if (exiting) {
+    platform_.Warn(save_notice_);
+    return;
+  }
+  // A player who started the game from a menu never sees standard error.
+  save_notice_ += "; your results are not counted until it can be saved";
+  platform_.Notice(save_notice_);
 }
 
 void GameModel::RecordResult(Outcome outcome) {
@@ -404,7 +411,7 @@ void GameModel::RecordResult(Outcome outcome) {
   ApplyResult(s.stats[static_cast<size_t>(vs_computer_ ? kVsComputer : kVsHumans)], outcome,
               CheckedOptions());
   s = CurrentSettings(s);
-  SaveOrWarn(s);
+  SaveOrWarn(s, false);
   loaded_ = s;
 }
 
@@ -466,7 +473,7 @@ void GameModel::Exit() {
   if (exited_) return;
   if (remote_connected_) SendToOpponent(net::Exit{});
   Settings s = LoadSettings(settings_path_);
-  SaveOrWarn(CurrentSettings(s));
+  SaveOrWarn(CurrentSettings(s), true);
   exited_ = true;
 }
 

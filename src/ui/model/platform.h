@@ -30,6 +30,9 @@ class Platform : public Rng {
   virtual void WindowClosed(const std::string& window) = 0;
   // A problem the user should hear of that needs no answer, e.g. an unwritable settings file.
   virtual void Warn(const std::string& text) = 0;
+  // The same, told in the window too, without holding up the game: the player can go on playing
+  // and dismiss it when they like.
+  virtual void Notice(const std::string& text) { Warn(text); }
 };
 
 }  // namespace bq

@@ -176,6 +176,21 @@ void QtPlatform::Warn(const std::string& text) {
   std::cerr << "bramblequay: " << text << '\n';
 }
 
+void QtPlatform::Notice(const std::string& text) {
+  Warn(text);
+  ShowNotice(text);
+}
+
+void QtPlatform::ShowNotice(const std::string& text) {
+  auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Bramblequay"),
+                              QString::fromStdString(text), QMessageBox::Ok,
+                              host_ ? host_->DialogParent() : nullptr);
+  box->setObjectName(QStringLiteral("notice"));
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->setWindowModality(Qt::NonModal);
+  box->show();
+}
+
 float QtPlatform::Uniform() {
   return static_cast<float>(gen_() >> 8) * 0x1p-24f;
 }

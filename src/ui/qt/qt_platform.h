@@ -60,6 +60,9 @@ class QtPlatform : public Platform {
   void WindowOpened(const std::string& window) override;
   void WindowClosed(const std::string& window) override;
   void Warn(const std::string& text) override;
+  void Notice(const std::string& text) override;
+  // The window's part of Notice: a box over the game that leaves it playable.
+  void ShowNotice(const std::string& text);
   float Uniform() override;
 
   // Where Open() would go for `target`: a web address as it stands, a document by its file in

@@ -26,10 +26,11 @@ class FakePlatform : public Platform {
   void WindowOpened(const std::string& w) override { windows.push_back("open " + w); }
   void WindowClosed(const std::string& w) override { windows.push_back("closed " + w); }
   void Warn(const std::string& text) override { warnings.push_back(text); }
+  void Notice(const std::string& text) override { notices.push_back(text); }
 
   int clicks = 0;
   int screen_width = 1920;
-  std::vector<std::string> opened, messages, details, windows, warnings;
+  std::vector<std::string> opened, messages, details, windows, warnings, notices;
 
  private:
   ScriptedRng rng_;

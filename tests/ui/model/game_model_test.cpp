@@ -1,5 +1,7 @@
 // The game window between games: start-up from the settings file, the option controls and menus,
 // a game's endings and what reaches the file.
+#include <filesystem>
+
 #include "ui/model/game_test_util.h"
 
 namespace bq {
@@ -209,13 +211,31 @@ TEST(JudgementDisplay, FollowsEveryMarkingPassAndLeavesTheCardsToLearnMode) {
   EXPECT_EQ(shown, g.Field("Marks"));
 }
 
-TEST(Game, UnwritableSettingsAreReportedOnceAndNeverCrash) {
-  test::FakePlatform platform;
-  GameModel model(platform, "/proc/bramblequay-no-such-dir/Bramblequay.INI");
-  model.Load();
-  model.Exit();
-  ASSERT_EQ(platform.warnings.size(), 1u);
-  EXPECT_NE(platform.warnings[0].find("settings"), std::string::npos);
+TEST(Game, AFailedSaveIsToldOnceInTheWindowWithItsReason) {
+  {  // at exit the window is going away: standard error only
+    test::FakePlatform platform;
+    const std::string path = "/proc/bramblequay-no-such-dir/Bramblequay.INI";
+    GameModel model(platform, path);
+    model.Load();
+    model.Exit();
+    EXPECT_EQ(platform.warnings, std::vector<std::string>{"cannot save the settings file " + path +
+                                                          ": no such file or directory"});
+    EXPECT_TRUE(platform.notices.empty());
+  }
+  Game g;
+  std::filesystem::create_directory(g.file.path());
+  const std::string told = "cannot save the settings file " + g.file.path() +
+                           ": it is not a regular file; your results are not counted until it "
+                           "can be saved";
+  for (int game = 0; game < 2; ++game) {
+    g.NewGameAFirst();
+    WinningPosition(g);
+    g.Press({"lblDiscardPile", "lblCardA(10)", "cmdPlayA", "cmdAWins"});
+  }
+  g.model.Exit();
+  EXPECT_EQ(g.platform.notices, std::vector<std::string>{told});
+  EXPECT_EQ(g.model.save_notice(), told);
+  EXPECT_TRUE(g.platform.warnings.empty());
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include <QApplication>
+#include <QMessageBox>
 #include <QtTest>
 
 #include "ui/qt/app_paths.h"
@@ -81,6 +83,17 @@ class StartupTest : public QObject {
     QCOMPARE(a.ResolveTarget("help.html"), QUrl::fromLocalFile(help).toString());
     QCOMPARE(a.ResolveTarget("https://example.org/bq"), QStringLiteral("https://example.org/bq"));
     QCOMPARE(a.ResolveTarget("missing.html"), QString());  // nothing opens, nothing complains
+
+    // A failed save is told over the window without holding up the game.
+    a.Notice("cannot save the settings file /x/Bramblequay.INI: file too large");
+    QMessageBox* notice = nullptr;
+    for (QWidget* w : QApplication::topLevelWidgets())
+      if (w->objectName() == QStringLiteral("notice")) notice = qobject_cast<QMessageBox*>(w);
+    QVERIFY(notice != nullptr && notice->isVisible());
+    QCOMPARE(notice->text(), "cannot save the settings file /x/Bramblequay.INI: file too large");
+    QCOMPARE(notice->windowModality(), Qt::NonModal);
+    QCOMPARE(QApplication::activeModalWidget(), nullptr);
+    notice->close();
   }
 };
 
