@@ -60,6 +60,11 @@ WriteResult LoadFailure(FileFault fault) {
   return {std::string("it ") + Describe(fault)};
 }
 
+int ReadPort(const Profile& profile, std::string_view key) {
+  const int port = profile.GetInt(kPreferences, key, 0);
+  return port >= 1 && port <= 65535 ? port : 0;
+}
+
 // "1200", or "1200.5" when there is a fraction: never an exponent, which would read back as 1.
 std::string PositionText(float twips) {
   if (!std::isfinite(twips) || twips == 0) return "0";
@@ -88,7 +93,8 @@ std::vector<SettingsKey> AllSettingsKeys() {
       keys.push_back({kStatsSections[static_cast<size_t>(kind)], key});
     });
   }
-  keys.push_back({kPreferences, "Sound"});
+  for (const char* key : {"Sound", "AskAbandon", "OpponentAddress", "OpponentPort", "LocalPort"})
+    keys.push_back({kPreferences, key});
   return keys;
 }
 
@@ -120,6 +126,14 @@ Settings SettingsFromProfile(const Profile& profile) {
     });
   }
   settings.sound = profile.GetInt(kPreferences, "Sound", 1) != 0;
+  settings.ask_before_abandoning = profile.GetInt(kPreferences, "AskAbandon", 1) != 0;
+  const std::string address = profile.GetString(kPreferences, "OpponentAddress").value_or("");
+  // Only what a player could have typed into the box comes back into it.
+  if (address.size() <= 255 &&
+      std::all_of(address.begin(), address.end(), [](char c) { return c > ' ' && c < 127; }))
+    settings.opponent_address = address;
+  settings.opponent_port = ReadPort(profile, "OpponentPort");
+  settings.local_port = ReadPort(profile, "LocalPort");
   return settings;
 }
 
@@ -142,6 +156,10 @@ void PutSettings(Profile& profile, const Settings& settings) {
     profile.SetString(kOptions, key, std::to_string(options.*field));
   PutStatistics(profile, settings.stats);
   profile.SetString(kPreferences, "Sound", settings.sound ? "1" : "0");
+  profile.SetString(kPreferences, "AskAbandon", settings.ask_before_abandoning ? "1" : "0");
+  profile.SetString(kPreferences, "OpponentAddress", settings.opponent_address);
+  profile.SetString(kPreferences, "OpponentPort", std::to_string(settings.opponent_port));
+  profile.SetString(kPreferences, "LocalPort", std::to_string(settings.local_port));
 }
 
 WriteResult SaveStatistics(const std::string& path, const std::array<GameStats, 3>& stats) {

@@ -44,7 +44,13 @@ struct Settings {
   StoredOptions options;
   std::array<GameStats, 3> stats{};  // [kVsComputer], [kVsHumans]; [0] unused
   // Ours, beyond the game's 67 keys: kept in a section of its own after theirs.
-  bool sound = true;  // the click sound; only "Sound=0" turns it off
+  bool sound = true;                  // the click sound; only "Sound=0" turns it off
+  bool ask_before_abandoning = true;  // the window's question; only "AskAbandon=0" stops it
+  // The last connection set up, offered in the dialog next time: empty and 0 when none. An
+  // address that is no plain host name or number, or a port outside 1..65535, reads as none.
+  std::string opponent_address;
+  int opponent_port = 0;
+  int local_port = 0;
   bool operator==(const Settings&) const = default;
 };
 

@@ -21,6 +21,10 @@ Settings Sample() {
   s.top = 345.5f;
   s.options = {1, 0, 1, 0, 1, 0, 2, 1, 2};
   s.sound = false;
+  s.ask_before_abandoning = false;
+  s.opponent_address = "[fe80::1]";
+  s.opponent_port = 4101;
+  s.local_port = 65535;
   int next = 100;
   for (GameStats* g : {&s.stats[kVsComputer], &s.stats[kVsHumans]}) {
     for (auto* row : {&g->wins, &g->losses, &g->ties})
@@ -63,6 +67,7 @@ TEST(Settings, DefaultsForMissingEmptyAndJunkFiles) {
     EXPECT_EQ(s.options, (StoredOptions{0, 0, 0, 0, 0, 0, 1, 2, 2}));
     EXPECT_EQ(s.stats, (std::array<GameStats, 3>{}));
     EXPECT_TRUE(s.sound);
+    EXPECT_TRUE(s.ask_before_abandoning);
   }
 }
 
@@ -74,7 +79,9 @@ TEST(Settings, FullWriteHasAll67KeysInOrderThenOursAndReadsBack) {
       "[WindowPosition]\nLeft=1000000\nTop=345.5\n[Options]\nSetStackem=1\nSetBackem=0\n"
       "SetSwitchem=1\nSetSmackem=0\nSetTakem=1\nSetRandom=0\nSetOpponent=2\nSetFastMode=1\n"
       "SetLearnMode=2\n" +
-      StatsText(s.stats) + "[Preferences]\nSound=0\n";
+      StatsText(s.stats) +
+      "[Preferences]\nSound=0\nAskAbandon=0\nOpponentAddress=[fe80::1]\nOpponentPort=4101\n"
+      "LocalPort=65535\n";
   EXPECT_EQ(file.Read(), expected);
 
   const Settings back = LoadSettings(file.path());
@@ -83,6 +90,10 @@ TEST(Settings, FullWriteHasAll67KeysInOrderThenOursAndReadsBack) {
   EXPECT_EQ(back.options, s.options);
   EXPECT_EQ(back.stats, s.stats);
   EXPECT_FALSE(back.sound);
+  EXPECT_FALSE(back.ask_before_abandoning);
+  EXPECT_EQ(back.opponent_address, s.opponent_address);
+  EXPECT_EQ(back.opponent_port, s.opponent_port);
+  EXPECT_EQ(back.local_port, s.local_port);
 }
 
 TEST(Settings, ValuesReadAsClampedProfileIntegers) {
@@ -90,7 +101,8 @@ TEST(Settings, ValuesReadAsClampedProfileIntegers) {
   file.Write(
       "[options]\nsetopponent=-7\nSETFASTMODE=abc\nSetStackem=-99999\n"
       "[WINDOWPOSITION]\n left = 1200.5 \n"
-      "[StatsVsComputer]\nWins1=99999999\nLosses1=-5\nLastWinner=-1\nWStreak=-32768\n");
+      "[StatsVsComputer]\nWins1=99999999\nLosses1=-5\nLastWinner=-1\nWStreak=-32768\n"
+      "[Preferences]\nOpponentPort=65536\nLocalPort=-1\nOpponentAddress=my host\n");
   const Settings s = LoadSettings(file.path());
   EXPECT_EQ(s.options.opponent, -7);
   EXPECT_EQ(s.options.fast_mode, 0) << "text that is no number is 0, not the default";
@@ -101,6 +113,10 @@ TEST(Settings, ValuesReadAsClampedProfileIntegers) {
   EXPECT_EQ(s.stats[kVsComputer].losses[1], 0);
   EXPECT_EQ(s.stats[kVsComputer].last_winner, 0);
   EXPECT_EQ(s.stats[kVsComputer].w_streak, 0);
+  // What no connection could have used is not offered again.
+  EXPECT_EQ(s.opponent_port, 0);
+  EXPECT_EQ(s.local_port, 0);
+  EXPECT_EQ(s.opponent_address, "");
 }
 
 TEST(Settings, RandomForgetsTheOptionsItDrew) {

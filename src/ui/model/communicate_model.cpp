@@ -52,8 +52,21 @@ void CommunicateModel::Open() {
   // Once bound, the port is this copy's for the rest of the run: show it as it is.
   if (const net::Link* link = game_.link(); link != nullptr && link->LocalPort() != 0)
     txt_port_a_.caption = std::to_string(link->LocalPort());
+  // Boxes left empty offer the last connection set up, in this run or an earlier one.
+  const GameModel::Connection& last = game_.last_connection();
+  auto offer = [](Control& box, const std::string& text) {
+    if (box.caption.empty()) box.caption = text;
+  };
+  offer(txt_ip_b_, last.opponent_address);
+  if (last.opponent_port != 0) offer(txt_port_b_, std::to_string(last.opponent_port));
+  if (last.local_port != 0) offer(txt_port_a_, std::to_string(last.local_port));
   game_.ShowNoOpponentInformation();
-  Show(txt_port_a_.caption.empty() ? "txtPortA" : "txtIPB");
+  if (txt_port_a_.caption.empty())
+    Show("txtPortA");
+  else if (txt_ip_b_.caption.empty() || txt_port_b_.caption.empty())
+    Show("txtIPB");
+  else
+    Show("cmdSend");
 }
 
 bool CommunicateModel::Click(std::string_view control) {
@@ -96,8 +109,19 @@ InvitationModel::InvitationModel(Platform& platform, GameModel& game)
   cmd_no_.caption = "No";
   Register("Caption", caption_);
   Register("lblAcceptReject", lbl_accept_reject_);
+  Register("lblFrom", lbl_from_);
   Register("cmdYes", cmd_yes_);
   Register("cmdNo", cmd_no_);
+}
+
+void InvitationModel::Open() {
+  // Only the configured opponent's datagrams get this far, so that is who invites.
+  const GameModel::Connection& from = game_.last_connection();
+  lbl_from_.caption.clear();
+  if (!from.opponent_address.empty())
+    lbl_from_.caption = "The invitation comes from " + from.opponent_address + ", port " +
+                        std::to_string(from.opponent_port) + ".";
+  Show("cmdYes");
 }
 
 bool InvitationModel::Click(std::string_view control) {

@@ -33,7 +33,7 @@ class NetworkDialog : public WindowModel {
 // frmCommunicate: the two addresses and two ports of the connection with the opponent. Controls
 // in order: "Caption" (the title), lblInstructions, lblYou, lblOpponent, lblIPAddress,
 // lblPortNumber, txtIPA, txtPortA, txtIPB, txtPortB, cmdSend, cmdCancel, cmdHelp. Typed texts
-// stay in the boxes from one opening to the next.
+// stay in the boxes from one opening to the next; empty ones offer the last connection set up.
 class CommunicateModel : public NetworkDialog {
  public:
   CommunicateModel(Platform& platform, GameModel& game);
@@ -51,16 +51,17 @@ class CommunicateModel : public NetworkDialog {
 };
 
 // frmInvitation: the opponent's invitation, answered Yes or No. Controls in order: "Caption",
-// lblAcceptReject, cmdYes, cmdNo. Closing it by the frame sends no answer.
+// lblAcceptReject, lblFrom (ours: who invites), cmdYes, cmdNo. Closing it by the frame sends no
+// answer.
 class InvitationModel : public NetworkDialog {
  public:
   InvitationModel(Platform& platform, GameModel& game);
 
-  void Open() { Show("cmdYes"); }
+  void Open();
   bool Click(std::string_view control);
 
  private:
-  Control caption_, lbl_accept_reject_, cmd_yes_, cmd_no_;
+  Control caption_, lbl_accept_reject_, lbl_from_, cmd_yes_, cmd_no_;
 };
 
 }  // namespace bq

@@ -100,6 +100,22 @@ class GameModel : public WindowModel {
     window_top_ = top_twips;
   }
   int card_popup_slot() const { return popup_slot_; }
+  // A game that would be recorded if it were played out: dealt, undecided, not in Learn Mode.
+  // Quitting it or leaving the program loses it.
+  bool counted_game_running() const {
+    return game_running_ && !game_over_ && !learn_mode_ && !session_.awaiting_answer() &&
+           !cmdInvitationRejected.visible;
+  }
+  // Ours, kept in the settings file: whether the window asks before such a game is abandoned.
+  bool ask_before_abandoning() const { return ask_before_abandoning_; }
+  void set_ask_before_abandoning(bool ask) { ask_before_abandoning_ = ask; }
+  // Ours, kept in the settings file: the last connection set up, this run or an earlier one.
+  struct Connection {
+    std::string opponent_address;
+    int opponent_port = 0;  // 0: none yet
+    int local_port = 0;
+  };
+  const Connection& last_connection() const { return last_connection_; }
 
   // The opponent's special moves arriving from the network: shown and held until the player
   // acknowledges them with cmdSmackemB or cmdTakemB. Positions are brought into 1..StackSize.
@@ -329,6 +345,8 @@ class GameModel : public WindowModel {
   bool remote_move_due_ = false;  // the opponent's turn has begun here and its move not come
   std::string save_notice_;
   bool sound_on_ = true;
+  bool ask_before_abandoning_ = true;
+  Connection last_connection_;
   Selecting selecting_ = Selecting::kNone;
   Pending pending_ = Pending::kNone;
   int popup_slot_ = 0;

@@ -47,6 +47,8 @@ bool GameModel::ConfigureConnection(std::string_view ip_b, std::string_view port
     return false;
   }
   remote_host_ = host;
+  const bool usual = *remote_port >= 1 && *remote_port <= 65535;
+  last_connection_ = {host, usual ? static_cast<int>(*remote_port) : 0, link_->LocalPort()};
   opponent_setup_ = true;
   SetVsHuman();
   return true;

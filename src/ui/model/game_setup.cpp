@@ -11,6 +11,8 @@ void GameModel::Load() {
   window_top_ = loaded_.top;
   sound_on_ = loaded_.sound;
   mnuOptionsSound.value = sound_on_;
+  ask_before_abandoning_ = loaded_.ask_before_abandoning;
+  last_connection_ = {loaded_.opponent_address, loaded_.opponent_port, loaded_.local_port};
   StoredOptions options = loaded_.options;
   // 20-card Stacks do not fit on a narrow screen, whatever the file says.
   if (static_cast<float>(platform_.ScreenWidthPixels()) < 600.0f) {
@@ -389,6 +391,10 @@ Settings GameModel::CurrentSettings(Settings base) const {
   o.fast_mode = optFastModeOn.value == 1 ? 1 : 2;
   o.learn_mode = optLearnModeOn.value == 1 ? 1 : 2;
   base.sound = sound_on_;
+  base.ask_before_abandoning = ask_before_abandoning_;
+  base.opponent_address = last_connection_.opponent_address;
+  base.opponent_port = last_connection_.opponent_port;
+  base.local_port = last_connection_.local_port;
   return base;
 }
 

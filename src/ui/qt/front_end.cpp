@@ -1,6 +1,10 @@
 #include "ui/qt/front_end.h"
 
+#include <QCheckBox>
+#include <QMessageBox>
 #include <QWidget>
+#include <algorithm>
+#include <iterator>
 #include <vector>
 
 #include "ui/model/how_to_model.h"
@@ -13,6 +17,23 @@
 #include "ui/qt/stats_window.h"
 
 namespace bq::qt {
+namespace {
+
+bool AskAbandon(QWidget* parent, bool& dont_ask_again) {
+  QMessageBox box(QMessageBox::Question, QStringLiteral("Bramblequay"),
+                  QStringLiteral("Abandon this game? It will not be counted."),
+                  QMessageBox::Yes | QMessageBox::No, parent);
+  box.setObjectName(QStringLiteral("abandonQuestion"));
+  box.setDefaultButton(QMessageBox::Yes);
+  box.setEscapeButton(QMessageBox::No);
+  auto* again = new QCheckBox(QStringLiteral("Don't ask again"), &box);
+  box.setCheckBox(again);
+  const bool yes = box.exec() == QMessageBox::Yes;
+  dont_ask_again = again->isChecked();
+  return yes;
+}
+
+}  // namespace
 
 FrontEnd::FrontEnd(AppModel& app) : app_(app), data_dir_(DataDir(ExecutableDir())) {
   game_ = std::make_unique<GameWindow>(*this, app_.game());
@@ -117,7 +138,26 @@ AppModel::Result FrontEnd::Dispatch(const std::function<AppModel::Result()>& eve
 }
 
 AppModel::Result FrontEnd::Click(const std::string& full_name) {
+  static constexpr std::string_view kAbandoning[] = {
+      "cmdQuit", "mnuFileQuitGame", "mnuPopupFileQuitGame", "mnuFileExit", "mnuPopupFileExit"};
+  const Control* c = app_.Find(full_name);
+  if (c != nullptr && c->visible && c->enabled && !app_.IsOpen("frmConfirmClearStats") &&
+      std::find(std::begin(kAbandoning), std::end(kAbandoning), full_name) !=
+          std::end(kAbandoning) &&
+      !MayAbandon())
+    return AppModel::Result::kIgnored;
   return Dispatch([&] { return app_.Click(full_name); });
+}
+
+bool FrontEnd::MayAbandon() {
+  GameModel& game = app_.game();
+  if (finished_ || !game.counted_game_running() || !game.ask_before_abandoning()) return true;
+  bool dont_ask_again = false;
+  const bool yes = abandon_question_ ? abandon_question_(dont_ask_again)
+                                     : AskAbandon(DialogParent(), dont_ask_again);
+  // Ticked beside No it would mean "never quit"; it only ever spares the Yes.
+  if (yes && dont_ask_again) game.set_ask_before_abandoning(false);
+  return yes;
 }
 
 AppModel::Result FrontEnd::RightClick(const std::string& full_name, QPoint global_pos) {

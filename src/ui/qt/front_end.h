@@ -53,6 +53,13 @@ class FrontEnd : public QObject, public WindowHost {
   const QString& data_dir() const { return data_dir_; }
   void set_data_dir(QString dir) { data_dir_ = std::move(dir); }
 
+  // Before a command that would abandon a counted game (quitting it, leaving the program): asks
+  // the player, unless told not to ask again. True to go ahead.
+  bool MayAbandon();
+  // Asks the question and says whether "Don't ask again" was ticked; by default a message box.
+  using AbandonQuestion = std::function<bool(bool& dont_ask_again)>;
+  void set_abandon_question(AbandonQuestion question) { abandon_question_ = std::move(question); }
+
   void WindowOpened(const std::string& window) override;
   void WindowClosed(const std::string& window) override;
   QWidget* DialogParent() override;
@@ -81,6 +88,7 @@ class FrontEnd : public QObject, public WindowHost {
   QPoint popup_pos_;
   bool finished_ = false;
   QString data_dir_;
+  AbandonQuestion abandon_question_;
 };
 
 }  // namespace bq::qt

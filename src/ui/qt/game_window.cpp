@@ -468,6 +468,10 @@ void GameWindow::ShowPopup(const std::string& popup, QPoint global_pos) {
 }
 
 void GameWindow::closeEvent(QCloseEvent* event) {
+  if (!front_.finished() && !front_.MayAbandon()) {
+    event->ignore();
+    return;
+  }
   if (!front_.finished()) front_.Close("frmGame");
   event->accept();
 }

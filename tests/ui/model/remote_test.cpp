@@ -298,6 +298,42 @@ TEST(Remote, RejectionQuitAndExitEachLeaveAWayBack) {
   EXPECT_EQ(m.link_a->waiting(), 1);
 }
 
+// Under the invitation, who sends it; in the next run the dialog offers the connection last set
+// up, with Send ready, and what the player types is never overwritten by it.
+TEST(Remote, TheInvitationSaysWhoInvitesAndTheNextRunOffersTheLastConnection) {
+  Match m;
+  ASSERT_TRUE(m.a.Click("cmdNew"));
+  m.Pump();
+  std::vector<std::string> names;
+  for (const NamedControl& nc : m.b.app.Window("frmInvitation")->Controls())
+    names.push_back(nc.name);
+  EXPECT_EQ(names,
+            (std::vector<std::string>{"Caption", "lblAcceptReject", "lblFrom", "cmdYes", "cmdNo"}));
+  EXPECT_EQ(m.b.C("frmInvitation.lblFrom").caption,
+            "The invitation comes from 127.0.0.1, port 1001.");
+  ASSERT_TRUE(m.b.Click("frmInvitation.cmdNo"));
+  ASSERT_EQ(m.b.app.Close("frmGame"), AppModel::Result::kDone);
+
+  test::FakePlatform platform(9);
+  AppModel next(platform, m.b.file.path());
+  next.Load();
+  ASSERT_EQ(next.Click("optVsHuman"), AppModel::Result::kDone);
+  ASSERT_EQ(next.Click("cmdSetupRemoteOpponent"), AppModel::Result::kDone);
+  auto box = [&](const char* name) {
+    return next.Find(std::string("frmCommunicate.") + name)->caption;
+  };
+  EXPECT_EQ(box("txtIPB"), "127.0.0.1");
+  EXPECT_EQ(box("txtPortB"), "1001");
+  EXPECT_EQ(box("txtPortA"), "1002");
+  EXPECT_EQ(next.communicate().Focus(), "cmdSend");
+  ASSERT_EQ(next.Type("frmCommunicate.txtPortB", ""), AppModel::Result::kDone);
+  ASSERT_EQ(next.Type("frmCommunicate.txtIPB", "host.example"), AppModel::Result::kDone);
+  ASSERT_EQ(next.Click("frmCommunicate.cmdCancel"), AppModel::Result::kDone);
+  ASSERT_EQ(next.Click("cmdSetupRemoteOpponent"), AppModel::Result::kDone);
+  EXPECT_EQ(box("txtIPB"), "host.example");
+  EXPECT_EQ(box("txtPortB"), "1001") << "an emptied box offers it again";
+}
+
 TEST(Remote, TheSettingsDialogChecksNothingButTellsWhySetUpFailed) {
   Copy c(3);
   auto [la, lb] = net::MemoryLink::Pair();

@@ -28,6 +28,10 @@ struct Session {
     app = std::make_unique<AppModel>(platform, path);
     front = std::make_unique<FrontEnd>(*app);
     platform.set_host(front.get());
+    front->set_abandon_question([this](bool&) {
+      ++abandon_questions;
+      return true;
+    });
     front->Start();
   }
   ~Session() { platform.set_host(nullptr); }
@@ -47,6 +51,7 @@ struct Session {
   std::string path;
   std::unique_ptr<AppModel> app;
   std::unique_ptr<FrontEnd> front;
+  int abandon_questions = 0;  // the question answers itself Yes
 };
 
 // The controls whose widgets disagree with the model; empty when all agree.
