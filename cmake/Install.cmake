@@ -8,9 +8,15 @@ set(BQ_RELEASE_DATE 2026-11-23)  # of the project's version, for the metadata's 
 # The installed program finds its data by this path from its own folder.
 file(RELATIVE_PATH BQ_DATA_FROM_BIN ${CMAKE_INSTALL_FULL_BINDIR}
      ${CMAKE_INSTALL_FULL_DATADIR}/bramblequay)
-target_compile_definitions(bq_qt PRIVATE BQ_DATA_FROM_BIN="${BQ_DATA_FROM_BIN}")
+# And its modules, loaded when first needed, by this one.
+file(RELATIVE_PATH BQ_MODULES_FROM_BIN ${CMAKE_INSTALL_FULL_BINDIR}
+     ${CMAKE_INSTALL_FULL_LIBDIR}/bramblequay)
+target_compile_definitions(bq_qt PRIVATE BQ_DATA_FROM_BIN="${BQ_DATA_FROM_BIN}"
+                                         BQ_MODULES_FROM_BIN="${BQ_MODULES_FROM_BIN}")
 
 install(TARGETS bramblequay RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS bramblequay-net bramblequay-sound
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/bramblequay)
 list(TRANSFORM BQ_DATA_FILES PREPEND ${PROJECT_SOURCE_DIR}/data/ OUTPUT_VARIABLE bq_data_paths)
 install(FILES ${bq_data_paths} DESTINATION ${CMAKE_INSTALL_DATADIR}/bramblequay)
 

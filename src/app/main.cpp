@@ -1,6 +1,7 @@
 #include <unistd.h>
 #include <QApplication>
 #include <QCoreApplication>
+#include <QTimer>
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
@@ -8,7 +9,7 @@
 #include <vector>
 
 #include "app/driver.h"
-#include "net/udp_link.h"
+#include "net/loaded_link.h"
 #include "selfplay/run.h"
 #include "store/settings.h"
 #include "ui/model/app_model.h"
@@ -79,7 +80,7 @@ int main(int argc, char** argv) {
   if (cl.headless) {
     // No display is needed, but datagrams arrive through an event loop.
     QCoreApplication core(argc, argv);
-    bq::net::UdpLink link;
+    bq::net::LoadedLink link(ModulePath(exe_dir, QStringLiteral("bramblequay-net")).toStdString());
     bq::DriverOptions options;
     options.link = &link;
     options.wait = bq::net::RunEventsFor;
@@ -104,15 +105,15 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("Bramblequay"));
   QApplication::setApplicationVersion(QStringLiteral(BQ_VERSION));
   const QString data_dir = DataDir(exe_dir);
-  // Every window takes the application's icon; the desktop file name ties them to the launcher.
-  QApplication::setWindowIcon(AppIcon(data_dir));
+  // The desktop file name ties the windows to the launcher.
   QGuiApplication::setDesktopFileName(QLatin1String(kAppId));
   // The model's exit sequence decides when the program ends, not the last window closing.
   QApplication::setQuitOnLastWindowClosed(false);
 
   QtPlatform platform({cl.seed, cl.screen_width, data_dir});
+  platform.set_sound_module(ModulePath(exe_dir, QStringLiteral("bramblequay-sound")));
   bq::AppModel model(platform, settings);
-  bq::net::UdpLink link;
+  bq::net::LoadedLink link(ModulePath(exe_dir, QStringLiteral("bramblequay-net")).toStdString());
   model.SetLink(&link);
   FrontEnd front(model);
   platform.set_host(&front);
@@ -122,6 +123,9 @@ int main(int argc, char** argv) {
   // A player who started the game from a menu never sees standard error: a damaged settings file
   // that was set aside is told over the window too.
   if (!check.message.empty()) platform.ShowNotice(Printable(check.message));
+  // Every window takes the application's icon. Reading its eight sizes and handing them to the
+  // window system takes as long as a good part of the start-up, so it comes after the first frame.
+  QTimer::singleShot(0, &app, [data_dir] { QApplication::setWindowIcon(AppIcon(data_dir)); });
   RunOnTerminationSignals(&front, [&front] { front.Close("frmGame"); });
   const int code = QApplication::exec();
   platform.set_host(nullptr);

@@ -2,10 +2,8 @@
 
 #include <QAbstractSocket>
 #include <QDeadlineTimer>
-#include <QEventLoop>
 #include <QHostInfo>
 #include <QNetworkInterface>
-#include <QTimer>
 #include <QUdpSocket>
 #include <algorithm>
 
@@ -111,12 +109,6 @@ std::string UdpLink::LocalIP() const {
 
 int UdpLink::LocalPort() const {
   return socket_ ? socket_->localPort() : 0;
-}
-
-void RunEventsFor(int ms) {
-  QEventLoop loop;
-  QTimer::singleShot(ms, &loop, &QEventLoop::quit);
-  loop.exec();
 }
 
 }  // namespace bq::net

@@ -32,7 +32,4 @@ class UdpLink : public QObject, public Link {
   quint16 remote_port_ = 0;
 };
 
-// Runs the event loop for `ms` milliseconds, so that datagrams arrive and are handled.
-void RunEventsFor(int ms);
-
 }  // namespace bq::net

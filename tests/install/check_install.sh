@@ -19,6 +19,14 @@ test -s "$usr/share/icons/hicolor/scalable/apps/$id.svg"
 for file in click.wav help.html; do test -s "$usr/share/bramblequay/$file"; done
 
 "$usr/bin/bramblequay" --version | grep -qx "bramblequay [0-9.]*"
+# The modules loaded when first needed are where the program looks: a connection set up loads
+# the network's.
+find "$usr" -name bramblequay-sound.so | grep -q .
+printf '%s\n' "click optVsHuman" "click cmdSetupRemoteOpponent" "type frmCommunicate.txtPortA 47911" \
+  "type frmCommunicate.txtIPB 127.0.0.1" "type frmCommunicate.txtPortB 47912" \
+  "click frmCommunicate.cmdSend" "show StatusBar1.Panel(1)" quit |
+  "$usr/bin/bramblequay" --headless --settings "$scratch/net.ini" |
+  grep -q 'Panel(1) caption="Opponent 127.0.0.1"'
 # A headless run through the exit sequence writes the settings file.
 export HOME="$scratch/home" XDG_CONFIG_HOME="$scratch/home/config"
 echo "close frmGame" | "$usr/bin/bramblequay" --headless >/dev/null

@@ -6,6 +6,7 @@
 #include <QUdpSocket>
 #include <vector>
 
+#include "net/loaded_link.h"
 #include "net/message.h"
 #include "net/udp_link.h"
 

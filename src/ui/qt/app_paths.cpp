@@ -21,6 +21,10 @@ QString ExecutableDir() {
 #define BQ_DATA_FROM_BIN "../share/bramblequay"
 #endif
 
+#ifndef BQ_MODULES_FROM_BIN
+#define BQ_MODULES_FROM_BIN "../lib/bramblequay"
+#endif
+
 namespace {
 
 bool Portable(const QString& exe_dir) {
@@ -34,6 +38,13 @@ QString DataDir(const QString& exe_dir) {
   if (Portable(exe_dir)) return beside.absolutePath();
   const QString shared = QDir::cleanPath(exe_dir + QStringLiteral("/" BQ_DATA_FROM_BIN));
   return QDir(shared).exists() ? shared : beside.absolutePath();
+}
+
+QString ModulePath(const QString& exe_dir, const QString& name) {
+  const QString file = name + QStringLiteral(".so");
+  const QString beside = QDir(exe_dir).filePath(file);
+  if (QFileInfo::exists(beside)) return beside;
+  return QDir::cleanPath(exe_dir + QStringLiteral("/" BQ_MODULES_FROM_BIN "/") + file);
 }
 
 QString ResolveSettingsPath(const QString& explicit_path, const QString& exe_dir,

@@ -13,6 +13,10 @@ QString ExecutableDir();
 // portable copy), else the installed data folder.
 QString DataDir(const QString& exe_dir);
 
+// The module NAME ("bramblequay-sound"), loaded when first needed: beside the executable in a
+// build folder, else in the installed library folder.
+QString ModulePath(const QString& exe_dir, const QString& name);
+
 // The settings file: an explicit path wins; otherwise "Bramblequay.INI" beside a portable copy
 // (data beside the executable) whose folder is writable, else in `config_dir` (created when
 // missing).

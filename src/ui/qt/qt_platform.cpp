@@ -1,23 +1,23 @@
 #include "ui/qt/qt_platform.h"
 
-#include <QAudioDevice>
 #include <QDesktopServices>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QMediaDevices>
+#include <QLibrary>
 #include <QMessageBox>
 #include <QProcess>
 #include <QScreen>
-#include <QSoundEffect>
 #include <QStandardPaths>
 #include <QTextBrowser>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <chrono>
 #include <iostream>
+
+#include "ui/qt/click_sound.h"
 
 namespace bq::qt {
 namespace {
@@ -89,19 +89,22 @@ QtPlatform::QtPlatform(QtPlatformOptions options)
 QtPlatform::~QtPlatform() = default;
 
 void QtPlatform::PlayClick() {
-  // Probed once, lazily: without an audio device QSoundEffect warns and never finishes playing.
+  // Loaded at the first click: the multimedia libraries are slow to load and the first frame
+  // does not need them.
   if (!sound_probed_) {
     sound_probed_ = true;
     const QString file = QDir(options_.data_dir).filePath(QStringLiteral("click.wav"));
-    if (QFileInfo::exists(file) && !QMediaDevices::audioOutputs().isEmpty()) {
-      click_ = std::make_unique<QSoundEffect>();
-      click_->setSource(QUrl::fromLocalFile(file));
+    if (QFileInfo::exists(file) && !sound_module_.isEmpty()) {
+      QLibrary module(sound_module_);  // never unloaded: the sound's code stays
+      const auto make =
+          reinterpret_cast<MakeClickSoundFunction>(module.resolve(kMakeClickSoundSymbol));
+      if (make != nullptr)
+        click_.reset(make(file));
+      else
+        Warn("no click sound: " + module.errorString().toStdString());
     }
   }
-  if (click_) {
-    click_->stop();
-    click_->play();
-  }
+  if (click_) click_->Play();
 }
 
 QString QtPlatform::ResolveTarget(const std::string& target) const {

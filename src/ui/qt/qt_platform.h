@@ -11,11 +11,12 @@
 #include "ui/model/platform.h"
 
 class QObject;
-class QSoundEffect;
 class QTextBrowser;
 class QWidget;
 
 namespace bq::qt {
+
+class ClickSound;
 
 // What the platform needs from the windows: somewhere to show and hide them, and a parent for
 // message boxes.
@@ -49,6 +50,8 @@ class QtPlatform : public Platform {
   ~QtPlatform() override;
 
   void set_host(WindowHost* host) { host_ = host; }
+  // The click sound's module, loaded at the first click; unset, the game is silent.
+  void set_sound_module(QString path) { sound_module_ = std::move(path); }
   // Unset: OpenWithDesktop, where a desktop session runs.
   void set_url_opener(UrlOpener opener) { open_url_ = std::move(opener); }
 
@@ -79,7 +82,8 @@ class QtPlatform : public Platform {
   std::mt19937 gen_;
   void ShowInBrowser(const QUrl& url);
 
-  std::unique_ptr<QSoundEffect> click_;
+  QString sound_module_;
+  std::unique_ptr<ClickSound> click_;
   bool sound_probed_ = false;
   std::unique_ptr<QObject> watchers_;     // parent of the opener's processes
   QTextBrowser* help_browser_ = nullptr;  // inside help_window_
