@@ -90,7 +90,7 @@ class DialogsTest : public QObject {
     QVERIFY(s.front->finished());
     QCOMPARE(more, 0);
     QCOMPARE(LoadSettings(s.path).ask_before_abandoning, false);
-    test::Session next("[Preferences]\nAskAbandon=0\n");
+    test::Session next("[Options]\n[Preferences]\nAskAbandon=0\n");
     next.click({"cmdNew", "cmdQuit"});
     QVERIFY(!next.game().game_running());
     QCOMPARE(next.abandon_questions, 0);
