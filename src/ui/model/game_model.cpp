@@ -232,6 +232,7 @@ void GameModel::RegisterControls() {
   RegisterArray("StatusBar1.Panel", StatusBar1, 1, 4);
   Register("mnuHint", mnuHint);
   Register("lblPrompt", lblPrompt);
+  RegisterArray("lblMoveList", lblMoveList, 1, kMoveListSize);
 }
 
 Control& GameModel::OptionBox(Option o) {

@@ -152,6 +152,9 @@ class GameModel : public WindowModel {
   Control lblPrompt;
   // Ours too: the Hint command.
   Control mnuHint;
+  // Ours: the moves of this game in words, newest at 1; empty entries are blank.
+  static constexpr int kMoveListSize = 20;
+  std::array<Control, kMoveListSize + 1> lblMoveList;
 
  private:
   enum class Selecting { kNone, kSwitchemA, kSmackemA, kTakemA };
@@ -298,7 +301,8 @@ class GameModel : public WindowModel {
 
   // The prompt line and highlights (game_prompt.cpp).
   PromptFacts Facts() const;
-  void NoteMove(int side);  // after a counted move: side B's is told in words
+  void NoteMove(int side);  // after a counted move: told in words and put on the move list
+  void StartMoveList();     // a game's deal: its moves are told from here
   void ClearHighlights();
 
   // The Hint (game_hint.cpp): offered on side A's ordinary turn; its advice is shown on the

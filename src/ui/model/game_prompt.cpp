@@ -1,6 +1,7 @@
 // The game window's events as seen from outside, and what the window tells the player after each:
 // the prompt line, the opponent's last move in words, and the highlights.
 #include <algorithm>
+#include <utility>
 
 #include "ui/model/game_model.h"
 
@@ -70,6 +71,8 @@ void GameModel::ClearHighlights() {
 }
 
 void GameModel::NoteMove(int side) {
+  for (size_t i = kMoveListSize; i > 1; --i) lblMoveList[i].caption = lblMoveList[i - 1].caption;
+  lblMoveList[1].caption = MoveEntry(news_base_, g_, side, vs_computer_, opponent_name_);
   if (side == kSideB) {
     const MoveNews news = DescribeMoveB(news_base_, g_, vs_computer_, opponent_name_);
     AddNews(news.text);
@@ -77,6 +80,11 @@ void GameModel::NoteMove(int side) {
       if (Control* c = Find(name)) Highlight(*c, kHighlightBrief);
   }
   news_base_ = g_;
+}
+
+void GameModel::StartMoveList() {
+  news_base_ = g_;
+  for (Control& c : lblMoveList) c.caption.clear();
 }
 
 PromptFacts GameModel::Facts() const {
@@ -89,6 +97,20 @@ PromptFacts GameModel::Facts() const {
   f.news = news_;
   f.result = result_;
   f.can_start = cmdNew.visible && cmdNew.enabled;
+  const std::string them = vs_computer_             ? "The computer"
+                           : opponent_name_.empty() ? "Opponent"
+                                                    : opponent_name_;
+  const std::pair<const Control*, std::string> notices[] = {
+      {&cmdInvitationRejected, "Your invitation was rejected: this deal will not be played."},
+      {&cmdQuitReceived, them + " has quit this game; it is not counted."},
+      {&cmdExitReceived,
+       them + " has exited; after the button the computer is your opponent again."}};
+  for (const auto& [prompt, notice] : notices) {
+    if (!prompt->visible) continue;
+    f.step = Step::kNotice;
+    f.notice = notice;
+    return f;
+  }
   if (!game_running_) return f;
   if (game_over_) {
     f.step = Step::kResult;
@@ -101,6 +123,7 @@ PromptFacts GameModel::Facts() const {
       case Pending::kDraw:
         f.shown = pending_ == Pending::kDiscard ? Shown::kDiscard : Shown::kDraw;
         f.card1 = card_in_hand_;
+        if (vs_computer_ && chosen_slot_ > 0) f.slot = g_.DisplayPos(chosen_slot_);
         break;
       case Pending::kNothing:
         f.shown = Shown::kNothing;

@@ -174,7 +174,7 @@ void GameModel::OnMessage(const net::Deal& s) {
   g_.turn_result = kUndecided;
   g_.move_count_a = g_.move_count_b = 0;
   g_.opponent_row_reversed = false;
-  news_base_ = g_;  // the opponent's first move is told against the deal
+  StartMoveList();  // the first move is told against the deal
   BeginGameFlags();
   for (Control* c : {&cmdInvitationRejected, &cmdClickHere, &cmdQuitReceived, &cmdExitReceived})
     Hide(*c);
@@ -318,7 +318,10 @@ void GameModel::AcknowledgePrompt(Control& prompt) {
   Hide(prompt);
   if (&prompt == &cmdQuitReceived || &prompt == &cmdExitReceived) {
     EnableBetweenRemoteGames();
-    if (&prompt == &cmdExitReceived) SetVsComputer();
+    if (&prompt == &cmdExitReceived) {
+      SetVsComputer();
+      AddNews("Your opponent has exited: you now play against the computer.");
+    }
     return;
   }
   if (&prompt != &cmdInvitationAccepted) QuitGame();

@@ -243,7 +243,7 @@ void GameModel::NewGame() {
         SetOptionChecked(Option(o), true);
   }
   ShuffleAndDeal(g_, platform_);
-  news_base_ = g_;  // the computer's first move is told against the deal
+  StartMoveList();  // the first move is told against the deal
   if (vs_computer_) ai::JudgeDeal(judge_, N(), g_.stacks[kSideB].data());
   BeginGameFlags();
   LockControlsForGame();

@@ -37,9 +37,10 @@ std::string Moves(int n) {
 std::string TheirMove(const PromptFacts& f, const Who& who) {
   switch (f.shown) {
     case Shown::kDiscard:
-      return who.subject + " will take " + Num(f.card1) + " from the Discard Pile.";
     case Shown::kDraw:
-      return who.subject + " will take " + Num(f.card1) + " from the Draw Pile.";
+      return who.subject + " will take " + Num(f.card1) + " from the " +
+             (f.shown == Shown::kDiscard ? "Discard" : "Draw") + " Pile" +
+             (f.slot > 0 ? " for slot " + Num(f.slot) : "") + ".";
     case Shown::kNothing:
       return who.subject + " doesn't want " + Num(f.card2) + " from the Discard Pile or " +
              Num(f.card1) + " from the Draw Pile.";
@@ -118,8 +119,12 @@ std::string PromptLine(const PromptFacts& f) {
       return Join(f.news, TheirMove(f, who) + "  Click the button to continue (Enter).");
     case Step::kWaiting:
       return Join(f.news, "Waiting for " + who.owner + " move.");
-    default:
-      return Join(f.news, f.hint.empty() ? Turn(f, who) : f.hint);
+    case Step::kNotice:
+      return Join(f.news, f.notice + "  Click the button to continue (Enter).");
+    default: {
+      const bool own_step = f.chosen_card > 0 || f.discard_marked;
+      return Join(f.news, f.hint.empty() || own_step ? Turn(f, who) : f.hint);
+    }
   }
 }
 
@@ -140,39 +145,66 @@ std::string ResultText(int turn_result, const GameState& g, bool vs_computer,
   }
 }
 
+namespace {
+
+// The slots of each side whose cards differ between two positions. Side B is compared as it is
+// held after the move: a reversal turns the Stack round without changing the screen.
+struct Changes {
+  const GameState& before;
+  const GameState& after;
+  std::vector<int> a, b;
+  bool turned = false;
+
+  Changes(const GameState& from, const GameState& to) : before(from), after(to) {
+    const int n = after.stack_size;
+    turned = before.opponent_row_reversed != after.opponent_row_reversed;
+    for (int k = 1; k <= n; ++k) {
+      if (before.Card(kSideA, k) != after.Card(kSideA, k)) a.push_back(k);
+      if (OldB(k) != after.Card(kSideB, k)) b.push_back(k);
+    }
+  }
+  int OldB(int slot) const {
+    return before.Card(kSideB, turned ? after.stack_size + 1 - slot : slot);
+  }
+  int Old(int side, int slot) const {
+    return side == kSideA ? before.Card(kSideA, slot) : OldB(slot);
+  }
+  const std::vector<int>& Of(int side) const { return side == kSideA ? a : b; }
+  // The slot as the board numbers it: side B's row may be held reversed.
+  int Shown(int side, int slot) const { return side == kSideA ? slot : after.DisplayPos(slot); }
+  bool FromDiscard(int side, int slot) const {
+    return after.Card(side, slot) == before.discard_top;
+  }
+};
+
+}  // namespace
+
 MoveNews DescribeMoveB(const GameState& before, const GameState& after, bool vs_computer,
                        const std::string& opponent) {
   const Who who = Opponent(vs_computer, opponent);
-  const int n = after.stack_size;
-  // Compare side B slot by slot: a reversal turns the Stack round without changing the screen.
-  auto old_b = [&](int slot) {
-    const bool turned = before.opponent_row_reversed != after.opponent_row_reversed;
-    return before.Card(kSideB, turned ? n + 1 - slot : slot);
-  };
-  std::vector<int> a, b;
-  for (int k = 1; k <= n; ++k) {
-    if (before.Card(kSideA, k) != after.Card(kSideA, k)) a.push_back(k);
-    if (old_b(k) != after.Card(kSideB, k)) b.push_back(k);
-  }
+  const Changes c(before, after);
+  const std::vector<int>& a = c.a;
+  const std::vector<int>& b = c.b;
   MoveNews news;
   auto card_a = [&](int slot) { news.changed.push_back("lblCardA(" + Num(slot) + ")"); };
   auto card_b = [&](int slot) {
     news.changed.push_back("lblCardB(" + Num(after.DisplayPos(slot)) + ")");
   };
   std::string text;
-  if (before.opponent_row_reversed != after.opponent_row_reversed)
+  if (c.turned)
     text = who.subject + " reversed " + who.possessive + " direction and now aims for " +
            (after.opponent_row_reversed ? "descending" : "ascending") + " order.";
   const std::string s = who.subject;
   std::string what;
   if (a.empty() && b.size() == 1) {
     const int placed = after.Card(kSideB, b[0]);
-    if (placed == before.discard_top) {
-      what = s + " took " + Num(placed) + " from the Discard Pile and put " +
+    const std::string slot = " for slot " + Num(after.DisplayPos(b[0]));
+    if (c.FromDiscard(kSideB, b[0])) {
+      what = s + " took " + Num(placed) + " from the Discard Pile" + slot + " and put " +
              Num(after.discard_top) + " on it.";
     } else {
-      what = s + " took " + Num(placed) + " from the Draw Pile and put " + Num(after.discard_top) +
-             " on the Discard Pile.";
+      what = s + " took " + Num(placed) + " from the Draw Pile" + slot + " and put " +
+             Num(after.discard_top) + " on the Discard Pile.";
       news.changed.push_back("lblDrawPile");
     }
     news.changed.push_back("lblDiscardPile");
@@ -197,8 +229,8 @@ MoveNews DescribeMoveB(const GameState& before, const GameState& after, bool vs_
     card_a(a[0]);
     card_a(a[1]);
   } else if (a.empty() && b.size() == 2) {
-    what = s + " used Switchem, swapping " + who.possessive + " " + Num(old_b(b[0])) + " and " +
-           Num(old_b(b[1])) + ".";
+    what = s + " used Switchem, swapping " + who.possessive + " " + Num(c.OldB(b[0])) + " and " +
+           Num(c.OldB(b[1])) + ".";
     card_b(b[0]);
     card_b(b[1]);
   } else {
@@ -208,6 +240,45 @@ MoveNews DescribeMoveB(const GameState& before, const GameState& after, bool vs_
   }
   news.text = Join(text, what);
   return news;
+}
+
+std::string MoveEntry(const GameState& before, const GameState& after, int side, bool vs_computer,
+                      const std::string& opponent) {
+  const std::string them = vs_computer ? "Computer" : opponent.empty() ? "Opponent" : opponent;
+  const int other = side == kSideA ? kSideB : kSideA;
+  // Side A's words about side B's Stack: its cards are face down to the player.
+  const std::string their_stack =
+      side == kSideA ? (vs_computer ? "the " : "") + them + "'s" : "your";
+  const Changes c(before, after);
+  const std::vector<int>& own = c.Of(side);
+  const std::vector<int>& others = c.Of(other);
+  auto slot = [&](int s, int k) { return "slot " + Num(c.Shown(s, k)); };
+  std::string what;
+  if (others.empty() && own.size() == 1) {
+    const int k = own[0];
+    what = "took " + Num(after.Card(side, k)) + " from the " +
+           (c.FromDiscard(side, k) ? "Discard" : "Draw") + " Pile, put it in " + slot(side, k) +
+           ", " + Num(after.discard_top) + " discarded";
+  } else if (own.empty() && others.empty()) {
+    what = after.discard_top != before.discard_top
+               ? "passed, " + Num(after.discard_top) + " from the Draw Pile discarded"
+               : "Switchem, kept the Stack as it was";
+  } else if (own.size() == 1 && others.size() == 1) {
+    what = "Takem, gave " + Num(c.Old(side, own[0])) + " from " + slot(side, own[0]) + " for " +
+           their_stack + " " + Num(after.Card(side, own[0])) + " from " + slot(other, others[0]);
+  } else if (own.empty() && others.size() == 2) {
+    what = "Smackem, swapped " + their_stack + " cards in slots " + Num(c.Shown(other, others[0])) +
+           " and " + Num(c.Shown(other, others[1]));
+    if (side == kSideB)
+      what += " (" + Num(c.Old(other, others[0])) + " and " + Num(c.Old(other, others[1])) + ")";
+  } else if (others.empty() && own.size() == 2) {
+    what = "Switchem, swapped " + Num(c.Old(side, own[0])) + " in " + slot(side, own[0]) + " and " +
+           Num(c.Old(side, own[1])) + " in " + slot(side, own[1]);
+  } else {
+    what = "changed " + Num(static_cast<int>(own.size() + others.size())) + " cards";
+  }
+  if (c.turned && side == kSideB) what = "Backem, reversed its direction; " + what;
+  return (side == kSideA ? "You" : them) + ": " + what;
 }
 
 }  // namespace bq

@@ -19,6 +19,7 @@ struct PromptFacts {
     kSmackem,       // side A picks two of the opponent's cards
     kTakem,         // side A picks one card of each Stack
     kTurn,          // side A's ordinary turn
+    kNotice,        // a network prompt says what the opponent did, waiting for its button
   };
   // The opponent's move on show (kTheirMove).
   enum class Shown { kDiscard, kDraw, kNothing, kTakem, kSmackem, kSwitchem, kBackem };
@@ -41,9 +42,11 @@ struct PromptFacts {
   // The cards of the opponent's move on show: what it takes and what it gives or swaps.
   int card1 = 0;
   int card2 = 0;
+  int slot = 0;        // where a pile card goes, as the board numbers it; 0 when unknown
   std::string news;    // what the last moves did, in words
   std::string result;  // the last game's result, kept until the next game
-  std::string hint;    // the Hint's advice, said instead of what can be done
+  std::string hint;    // the Hint's advice, said until the player takes a step of their own
+  std::string notice;  // kNotice: what happened
 };
 
 std::string PromptLine(const PromptFacts& facts);
@@ -60,5 +63,10 @@ struct MoveNews {
 };
 MoveNews DescribeMoveB(const GameState& before, const GameState& after, bool vs_computer,
                        const std::string& opponent);
+
+// One line of the move list for `side`'s move between two positions, with the slots as the board
+// numbers them: "Computer: took 76 from the Discard Pile, put it in slot 4, 46 discarded".
+std::string MoveEntry(const GameState& before, const GameState& after, int side, bool vs_computer,
+                      const std::string& opponent);
 
 }  // namespace bq

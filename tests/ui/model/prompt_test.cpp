@@ -36,16 +36,16 @@ TEST(MoveNews, EachKindOfMoveIsToldWithTheControlsItChanged) {
               g.Card(kSideB, 4) = 50;
               g.discard_top = 41;
             }),
-            "The computer took 50 from the Discard Pile and put 41 on it. | lblDiscardPile "
-            "lblCardB(4)");
+            "The computer took 50 from the Discard Pile for slot 4 and put 41 on it. | "
+            "lblDiscardPile lblCardB(4)");
   EXPECT_EQ(told(
                 [](GameState& g) {
                   g.Card(kSideB, 6) = 60;
                   g.discard_top = 61;
                 },
                 false),
-            "Kim took 60 from the Draw Pile and put 61 on the Discard Pile. | lblDrawPile "
-            "lblDiscardPile lblCardB(6)");
+            "Kim took 60 from the Draw Pile for slot 6 and put 61 on the Discard Pile. | "
+            "lblDrawPile lblDiscardPile lblCardB(6)");
   EXPECT_EQ(told([](GameState& g) { g.discard_top = 60; }),
             "The computer turned down 60 from the Draw Pile; it is now the Discard Pile card. | "
             "lblDrawPile lblDiscardPile");
@@ -65,8 +65,58 @@ TEST(MoveNews, EachKindOfMoveIsToldWithTheControlsItChanged) {
               g.discard_top = 81;
             }),
             "The computer reversed its direction and now aims for descending order.  The "
-            "computer took 50 from the Discard Pile and put 81 on it. | lblDiscardPile "
+            "computer took 50 from the Discard Pile for slot 8 and put 81 on it. | lblDiscardPile "
             "lblCardB(8)");
+}
+
+// Each entry names the mover and the slots as the board numbers them, and tells no card of side
+// B that the player cannot see.
+TEST(MoveList, EachKindOfMoveOfEitherSideInOneLine) {
+  const GameState before = Position();
+  auto entry = [&](int side, auto change, bool vs_computer = true) {
+    GameState after = before;
+    change(after);
+    return MoveEntry(before, after, side, vs_computer, "Kim");
+  };
+  EXPECT_EQ(entry(kSideB,
+                  [](GameState& g) {
+                    g.Card(kSideB, 4) = 50;
+                    g.discard_top = 41;
+                  }),
+            "Computer: took 50 from the Discard Pile, put it in slot 4, 41 discarded");
+  EXPECT_EQ(entry(kSideA,
+                  [](GameState& g) {
+                    g.Card(kSideA, 7) = 60;
+                    g.discard_top = 7;
+                  }),
+            "You: took 60 from the Draw Pile, put it in slot 7, 7 discarded");
+  EXPECT_EQ(entry(kSideA, [](GameState& g) { g.discard_top = 60; }),
+            "You: passed, 60 from the Draw Pile discarded");
+  EXPECT_EQ(entry(kSideB, [](GameState& g) { std::swap(g.Card(kSideA, 2), g.Card(kSideB, 9)); }),
+            "Computer: Takem, gave 91 from slot 9 for your 2 from slot 2");
+  EXPECT_EQ(
+      entry(
+          kSideA, [](GameState& g) { std::swap(g.Card(kSideA, 2), g.Card(kSideB, 9)); }, false),
+      "You: Takem, gave 2 from slot 2 for Kim's 91 from slot 9");
+  EXPECT_EQ(entry(kSideA, [](GameState& g) { std::swap(g.Card(kSideB, 1), g.Card(kSideB, 5)); }),
+            "You: Smackem, swapped the Computer's cards in slots 1 and 5");
+  EXPECT_EQ(entry(kSideB, [](GameState& g) { std::swap(g.Card(kSideA, 3), g.Card(kSideA, 8)); }),
+            "Computer: Smackem, swapped your cards in slots 3 and 8 (3 and 8)");
+  EXPECT_EQ(entry(kSideA, [](GameState& g) { std::swap(g.Card(kSideA, 1), g.Card(kSideA, 4)); }),
+            "You: Switchem, swapped 1 in slot 1 and 4 in slot 4");
+  EXPECT_EQ(entry(
+                kSideB, [](GameState&) {}, false),
+            "Kim: Switchem, kept the Stack as it was");
+  // A reversed row: the computer's slot 3 is the board's eighth.
+  EXPECT_EQ(entry(kSideB,
+                  [](GameState& g) {
+                    g.ReverseSideB();
+                    g.opponent_row_reversed = true;
+                    g.Card(kSideB, 3) = 50;
+                    g.discard_top = 81;
+                  }),
+            "Computer: Backem, reversed its direction; took 50 from the Discard Pile, put it in "
+            "slot 8, 81 discarded");
 }
 
 TEST(PromptLine, AMoveOnShowThenTheResultWhichStaysUntilTheNextGame) {
@@ -79,14 +129,20 @@ TEST(PromptLine, AMoveOnShowThenTheResultWhichStaysUntilTheNextGame) {
   g.Press({"lblDiscardPile", "lblCardA(10)", "cmdPlayA"});
   ASSERT_TRUE(g.C("cmdCTakesDiscard").visible);
   EXPECT_EQ(g.C("lblPrompt").caption,
-            "The computer will take 95 from the Discard Pile.  Click the button to continue "
-            "(Enter).");
+            "The computer will take 95 from the Discard Pile for slot 10.  Click the button to "
+            "continue (Enter).");
   EXPECT_EQ(g.Field("Highlights"), "");
   ASSERT_TRUE(g.Click("cmdCTakesDiscard"));
   ASSERT_TRUE(g.C("cmdCWins").visible);
   EXPECT_EQ(g.C("lblPrompt").caption,
-            "The computer took 95 from the Discard Pile and put 2 on it.  The computer won in 1 "
-            "move.  Click the result button to continue (Enter).");
+            "The computer took 95 from the Discard Pile for slot 10 and put 2 on it.  The computer "
+            "won in 1 move.  Click the result button to continue (Enter).");
+  // Both moves on the list, the newest first.
+  EXPECT_EQ(g.C("lblMoveList(1)").caption,
+            "Computer: took 95 from the Discard Pile, put it in slot 10, 2 discarded");
+  EXPECT_EQ(g.C("lblMoveList(2)").caption,
+            "You: took 99 from the Discard Pile, put it in slot 10, 95 discarded");
+  EXPECT_EQ(g.C("lblMoveList(3)").caption, "");
   // The winning Stack stays lit; the computer's last change too, until the next event.
   EXPECT_EQ(g.C("lblCardB(1)").highlight, kHighlightSteady);
   EXPECT_EQ(g.C("lblDiscardPile").highlight, kHighlightBrief);
@@ -98,8 +154,18 @@ TEST(PromptLine, AMoveOnShowThenTheResultWhichStaysUntilTheNextGame) {
   EXPECT_EQ(g.Field("Highlights"), "");
   ASSERT_TRUE(g.Click("chkBackem"));
   EXPECT_EQ(g.C("lblPrompt").caption.substr(0, 27), "The computer won in 1 move.");
+  EXPECT_NE(g.C("lblMoveList(1)").caption, "");  // kept between games
   g.NewGameAFirst();
   EXPECT_EQ(g.C("lblPrompt").caption.find("won"), std::string::npos);
+  EXPECT_EQ(g.C("lblMoveList(1)").caption, "");
+
+  // The Hint's advice gives way to the next step once the player takes one of their own.
+  ASSERT_TRUE(g.Click("mnuHint"));
+  EXPECT_EQ(g.C("lblPrompt").caption.rfind("Hint: ", 0), 0u);
+  ASSERT_TRUE(g.Click("lblDiscardPile"));
+  EXPECT_EQ(g.C("lblPrompt").caption.rfind("Choose the card of your Stack", 0), 0u);
+  ASSERT_TRUE(g.Click("lblCardA(4)"));
+  EXPECT_EQ(g.C("lblPrompt").caption.rfind("Click the button to put", 0), 0u);
 }
 
 }  // namespace

@@ -164,6 +164,16 @@ TEST(Remote, WholeGamesWithEveryOptionEndAlikeOnBothCopies) {
     ASSERT_EQ(waiting.Field("MoveCountB"), moves_b);
     const char* button_a = ra == kTie ? "cmdBothWin" : ra == kAInOrder ? "cmdAWins" : "cmdBWins";
     const char* button_b = ra == kTie ? "cmdBothWin" : ra == kAInOrder ? "cmdBWins" : "cmdAWins";
+    // Both copies list the same moves, each side's own as "You".
+    for (int i = 1; i <= GameModel::kMoveListSize; ++i) {
+      const std::string name = "lblMoveList(" + std::to_string(i) + ")";
+      const std::string ea = m.a.C(name).caption, eb = m.b.C(name).caption;
+      ASSERT_EQ(ea.empty(), eb.empty()) << name;
+      if (!ea.empty()) {
+        ASSERT_NE(ea.rfind("You: ", 0) == 0, eb.rfind("You: ", 0) == 0) << name;
+      }
+    }
+    ASSERT_NE(m.a.C("lblMoveList(1)").caption, "");
     ASSERT_TRUE(m.a.Click(button_a));
     ASSERT_TRUE(m.b.Click(button_b));
     EXPECT_TRUE(m.a.Up("cmdNew"));
@@ -272,6 +282,9 @@ TEST(Remote, RejectionQuitAndExitEachLeaveAWayBack) {
   ASSERT_TRUE(m.a.Up("cmdInvitationRejected"));
   EXPECT_EQ(m.a.C("cmdInvitationRejected").caption,
             "Invitation rejected.  Click here to continue.");
+  EXPECT_EQ(m.a.C("lblPrompt").caption,
+            "Your invitation was rejected: this deal will not be played.  Click the button to "
+            "continue (Enter).");
   ASSERT_TRUE(m.a.Click("cmdInvitationRejected"));
   EXPECT_TRUE(m.a.Up("cmdNew"));
 
@@ -279,6 +292,7 @@ TEST(Remote, RejectionQuitAndExitEachLeaveAWayBack) {
   ASSERT_TRUE(m.a.Click("cmdQuit"));
   m.Pump();
   ASSERT_TRUE(m.b.Up("cmdQuitReceived"));
+  EXPECT_NE(m.b.C("lblPrompt").caption.find("has quit this game"), std::string::npos);
   EXPECT_TRUE(m.b.Up("cmdNew"));
   EXPECT_TRUE(m.b.Up("optVsComputer"));
   EXPECT_TRUE(m.b.Up("cmdSetupRemoteOpponent"));
