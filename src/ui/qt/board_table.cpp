@@ -12,10 +12,12 @@
 namespace bq::qt {
 namespace {
 
-// Card faces against the window's font: the smallest lets 20-card Stacks fit a 1080-line screen
-// at 200 %, the comfortable one is where a new window starts.
-constexpr double kSmallest = 0.72;
+// The smallest card is as high as this many pixels of the window's font, whatever the face font
+// measures, so that 20-card Stacks fit a 1080-line screen at 200 %; the comfortable face font,
+// against the window's font, is where a new window starts.
+constexpr double kSmallestCard = 1.34;
 constexpr double kComfortable = 1.3;
+constexpr double kBeside = 0.9;     // text beside the cards against their numerals
 constexpr double kPileWidth = 1.2;  // a pile card against a Stack card
 constexpr double kPileHeight = 2.4;
 constexpr double kRowGap = 1;
@@ -29,6 +31,12 @@ QRect Round(double x, double y, double w, double h) {
   const int top = static_cast<int>(std::lround(y));
   return {left, top, static_cast<int>(std::lround(x + w)) - left,
           static_cast<int>(std::lround(y + h)) - top};
+}
+
+QFont Sized(QFont f, double px, bool bold) {
+  f.setPixelSize(std::max(1, static_cast<int>(std::lround(px))));
+  f.setBold(bold);
+  return f;
 }
 
 // Fixed to its place: a widget whose size cannot change does not ask for a new layout when its
@@ -78,6 +86,14 @@ void BoardTable::SetStackSize(int n) {
   Arrange();
 }
 
+BoardTable::Fonts BoardTable::FontsFor(double font_px) const {
+  const double ui = QFontInfo(font()).pixelSize();
+  const double beside = font_px * kBeside;
+  const double label = std::max(ui, beside);
+  return {Sized(CardFont(), beside, false), Sized(font(), beside, false),
+          Sized(font(), label, false), Sized(font(), label, true)};
+}
+
 BoardTable::Sizes BoardTable::Measure(double font_px, int n) const {
   Sizes s;
   const QSizeF card = CardSizeFor(font_px);
@@ -85,21 +101,21 @@ BoardTable::Sizes BoardTable::Measure(double font_px, int n) const {
   s.card_h = card.height();
   s.pile_w = s.card_w * kPileWidth;
   s.pile_h = s.card_h * kPileHeight;
-  const QFontMetrics fm = fontMetrics();
-  const QFontMetrics small = b.ranges[1] != nullptr ? b.ranges[1]->fontMetrics() : fm;
-  s.range_w = small.horizontalAdvance(QStringLiteral(" 100")) + 4;
-  s.verdict_w = small.horizontalAdvance(QLatin1Char('R')) + 8;
-  s.key_w = fm.horizontalAdvance(QStringLiteral("\u21e70")) + 6;
-  s.heading_h = fm.height() + 4;
-  s.line_h = fm.lineSpacing();
+  const Fonts f = FontsFor(font_px);
+  const QFontMetricsF mono(f.mono), keys(f.keys), label(f.label), bold(f.heading);
+  s.range_w = mono.horizontalAdvance(QStringLiteral(" 100")) + 4;
+  s.verdict_w = mono.horizontalAdvance(QLatin1Char('R')) + 8;
+  s.key_w = keys.horizontalAdvance(QStringLiteral("\u21e70")) + 6;
+  s.heading_h = bold.height() + 4;
+  s.line_h = label.lineSpacing();
   // The set-up buttons need their captions' room, not a style's wider default.
   s.setup_w = s.range_w + s.card_w;
   double captions = 0;
   for (QWidget* button : a.setups)
     if (button != nullptr)
-      captions += fm.horizontalAdvance(button->property("text").toString()) + 16 + kColumnGap;
+      captions += label.horizontalAdvance(button->property("text").toString()) + 16 + kColumnGap;
   s.setup_w = std::max(s.setup_w, captions);
-  s.setup_h = a.setups[0] != nullptr ? a.setups[0]->sizeHint().height() : fm.height() + 10;
+  s.setup_h = label.height() + 10;
   s.stack_w = s.setup_w;
   s.width = 2 * s.stack_w + s.verdict_w + 3 * kColumnGap + s.key_w + kPilesGap + 2 * s.pile_w +
             kBetweenPiles;
@@ -107,9 +123,12 @@ BoardTable::Sizes BoardTable::Measure(double font_px, int n) const {
   return s;
 }
 
+double BoardTable::SmallestFont() const {
+  return CardFontForHeight(QFontInfo(font()).pixelSize() * kSmallestCard);
+}
+
 double BoardTable::FitFont(QSize room, int n) const {
-  const double ui = QFontInfo(font()).pixelSize();
-  double low = ui * kSmallest, high = ui * 4.0;
+  double low = SmallestFont(), high = QFontInfo(font()).pixelSize() * 5.0;
   // The largest size that fits, to a tenth of a pixel.
   while (high - low > 0.1) {
     const double mid = (low + high) / 2;
@@ -125,7 +144,7 @@ QSize BoardTable::PreferredSize(int n) const {
 }
 
 QSize BoardTable::minimumSizeHint() const {
-  const Sizes s = Measure(QFontInfo(font()).pixelSize() * kSmallest, n_);
+  const Sizes s = Measure(SmallestFont(), n_);
   return {static_cast<int>(std::ceil(s.width)), static_cast<int>(std::ceil(s.height))};
 }
 
@@ -146,6 +165,7 @@ void BoardTable::Arrange() {
   if (a.cards[1] == nullptr) return;  // not filled in yet
   placed_font_ = FitFont(size(), n_);
   Sizes s = Measure(placed_font_, n_);
+  ApplyFonts(FontsFor(placed_font_));
   // Whole pixels, the same for every card, so that every face gets the same font.
   s.card_w = std::floor(s.card_w);
   s.card_h = std::floor(s.card_h);
@@ -153,7 +173,7 @@ void BoardTable::Arrange() {
   s.pile_h = std::floor(s.pile_h);
   s.stack_w = std::ceil(s.stack_w);
   const double x0 = std::floor(std::max(0.0, (width() - s.width) / 2));
-  const double y0 = std::floor(std::max(0.0, (height() - s.height) / 2));
+  const double y0 = 0;  // room to spare goes below, where the eye ends
   // Cards stand at the inner side of their column, next to the slot keys.
   const double b_left = x0, b_card = b_left + s.stack_w - s.card_w, b_range = b_card - s.range_w;
   const double verdict = b_left + s.stack_w;
@@ -190,9 +210,10 @@ void BoardTable::Arrange() {
   }
   // Move counts under the piles, with room for five digits.
   const double counts_y = rows + s.pile_h + 2 * kColumnGap;
-  const double digits = fontMetrics().horizontalAdvance(QStringLiteral("00000"));
+  const QFontMetricsF label(count_captions[0]->font());
+  const double digits = label.horizontalAdvance(QStringLiteral("00000"));
   const double counts_w =
-      std::max(s.pile_w, digits + fontMetrics().horizontalAdvance(QStringLiteral("Opponent  ")));
+      std::max(s.pile_w, digits + label.horizontalAdvance(QStringLiteral("Opponent  ")));
   Place(count_heading, Round(pile1, counts_y, counts_w, s.heading_h));
   for (int i = 0; i < 2; ++i) {
     const double y = counts_y + s.heading_h + i * s.line_h;
@@ -201,8 +222,31 @@ void BoardTable::Arrange() {
   }
 }
 
+void BoardTable::ApplyFonts(const Fonts& f) {
+  auto set = [](QWidget* w, const QFont& font) {
+    if (w != nullptr && w->font() != font) w->setFont(font);
+  };
+  const QFont mono_bold = Sized(f.mono, f.mono.pixelSize(), true);
+  for (int k = 1; k <= kMaxStackSize; ++k) {
+    const auto i = static_cast<size_t>(k);
+    set(keys_[i], f.keys);
+    set(a.ranges[i], f.mono);
+    set(b.ranges[i], f.mono);
+    set(verdicts[i], mono_bold);
+  }
+  for (QWidget* w : {static_cast<QWidget*>(a.heading), static_cast<QWidget*>(b.heading),
+                     static_cast<QWidget*>(pile_headings[0]),
+                     static_cast<QWidget*>(pile_headings[1]), static_cast<QWidget*>(count_heading)})
+    set(w, f.heading);
+  for (QWidget* w :
+       {a.setups[0], a.setups[1], b.setups[0], b.setups[1],
+        static_cast<QWidget*>(count_captions[0]), static_cast<QWidget*>(count_captions[1]),
+        static_cast<QWidget*>(counts[0]), static_cast<QWidget*>(counts[1])})
+    set(w, f.label);
+}
+
 constexpr int kAreaMargin = 6;
-constexpr int kAreaWidth = 240;  // the narrowest a prompt is laid out
+constexpr int kAreaWidth = 300;  // the narrowest a prompt is laid out
 
 PromptArea::PromptArea(QWidget* parent) : QFrame(parent) {
   setFrameShape(QFrame::StyledPanel);
@@ -235,6 +279,14 @@ int PromptArea::PlaceHeight(int width) const {
 QSize PromptArea::sizeHint() const {
   const int inner = std::max(kAreaWidth, width() - 2 * kAreaMargin);
   return {kAreaWidth + 2 * kAreaMargin, 2 * PlaceHeight(inner) + 3 * kAreaMargin};
+}
+
+void PromptArea::changeEvent(QEvent* event) {
+  QFrame::changeEvent(event);
+  if (event->type() == QEvent::FontChange) {
+    heights_.clear();
+    updateGeometry();
+  }
 }
 
 void PromptArea::resizeEvent(QResizeEvent* event) {

@@ -51,6 +51,9 @@ class BoardTable : public QWidget {
   QSize minimumSizeHint() const override;
   // The pixel size of the card faces' font, as placed now.
   double cardFontSize() const { return placed_font_; }
+  // The largest face font with which n rows fit the room, and the smallest the table takes.
+  double FitFont(QSize room, int n) const;
+  double SmallestFont() const;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -58,8 +61,14 @@ class BoardTable : public QWidget {
 
  private:
   struct Sizes;
+  // The texts around the cards for one face font: mono for ranges and judgements, keys, labels
+  // and headings.
+  struct Fonts {
+    QFont mono, keys, label, heading;
+  };
+  Fonts FontsFor(double font_px) const;
   Sizes Measure(double font_px, int n) const;
-  double FitFont(QSize room, int n) const;
+  void ApplyFonts(const Fonts& f);
   void Arrange();
 
   int n_ = 10;
@@ -82,6 +91,7 @@ class PromptArea : public QFrame {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   int PlaceHeight(int width) const;

@@ -1,5 +1,6 @@
 #include "ui/qt/card_widget.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -35,7 +36,7 @@ constexpr double kPadX = 0.5;  // per pixel of the face font
 constexpr double kPadY = 0.12;
 
 QFont FaceFont(double px) {
-  QFont f = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  QFont f = CardFont();
   f.setBold(true);
   f.setPixelSize(std::max(1, static_cast<int>(px)));
   return f;
@@ -89,6 +90,26 @@ void PaintBack(QPainter& p, const QRectF& r, bool question, const QFont& font) {
 }
 
 }  // namespace
+
+QFont CardFont() {
+  static const QFont font = [] {
+    // Named, so that every desktop draws the same faces; without it, the desktop's fixed-pitch
+    // font, whose measured metrics the board then follows.
+    QFont f(QStringLiteral("DejaVu Sans Mono"));
+    f.setStyleHint(QFont::TypeWriter);
+    f.setFixedPitch(true);
+    const QFontInfo info(f);
+    if (!info.fixedPitch() || info.family() != f.family())
+      f = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    return f;
+  }();
+  return font;
+}
+
+double CardFontForHeight(double card_h) {
+  const FaceRatios& r = Ratios();
+  return std::max(1.0, (card_h - 2 * kRing) / (r.height + 2 * kPadY));
+}
 
 QSizeF CardSizeFor(double font_px) {
   const FaceRatios& r = Ratios();
@@ -252,7 +273,7 @@ void CardBack::paintEvent(QPaintEvent*) {
 }
 
 PromptButton::PromptButton(QWidget* parent) : QPushButton(parent) {
-  QFont f = font();
+  QFont f;  // the weight only: the size follows the panel's
   f.setBold(true);
   setFont(f);
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -336,8 +357,7 @@ void SpreadHeading::paintEvent(QPaintEvent*) {
 }
 
 PromptLine::PromptLine(QWidget* parent) : QWidget(parent) {
-  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  setFixedHeight(sizeHint().height());
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 }
 
 void PromptLine::setText(const QString& text) {
@@ -351,9 +371,14 @@ QSize PromptLine::sizeHint() const {
   return {200, 2 * fontMetrics().lineSpacing() + 4};
 }
 
+QSize PromptLine::minimumSizeHint() const {
+  // At the window's font: grown texts never hold a shrinking window up.
+  return {200, 2 * QFontMetrics(QApplication::font(this)).lineSpacing() + 4};
+}
+
 void PromptLine::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() == QEvent::FontChange) setFixedHeight(sizeHint().height());
+  if (event->type() == QEvent::FontChange) updateGeometry();
 }
 
 void PromptLine::paintEvent(QPaintEvent*) {

@@ -115,7 +115,7 @@ class PromptLine : public QWidget {
   QString text() const { return text_; }
   void setText(const QString& text);
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
+  QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -128,6 +128,10 @@ class PromptLine : public QWidget {
 // A card label's size for a face font of this pixel size, and the largest face font that fits a
 // label: the card face with its margins and the room of the highlight ring.
 QSizeF CardSizeFor(double font_px);
+// The largest face font whose card is this high.
+double CardFontForHeight(double card_h);
+// The fixed-pitch family of the card faces.
+QFont CardFont();
 double CardFontFor(QSizeF size);
 
 }  // namespace bq::qt

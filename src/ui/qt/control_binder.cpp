@@ -97,7 +97,7 @@ void ControlBinder::Apply() {
       } else if (auto* box = qobject_cast<QAbstractButton*>(b.target);
                  box != nullptr && box->isCheckable() && (c.marked != 0) != box->font().bold()) {
         // An option in force for the running game stands out in bold.
-        QFont font = box->font();
+        QFont font;  // the weight only: the size follows the panel's
         font.setBold(c.marked != 0);
         box->setFont(font);
       }

@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QGuiApplication>
@@ -31,12 +32,18 @@
 #include "ui/qt/board_table.h"
 #include "ui/qt/card_widget.h"
 #include "ui/qt/front_end.h"
+#include "ui/qt/side_panel.h"
 
 namespace bq::qt {
 namespace {
 
 constexpr double kBaseWidthTwips = 9105;
 constexpr double kBaseHeightTwips = 5235;
+// The side panel's and the prompt line's texts against the card faces, once the cards have grown
+// past their comfortable size; below it they keep the window's font.
+constexpr double kTextPerFace = 1 / 1.3;
+constexpr int kColumnSpacing = 12;
+constexpr int kRowSpacing = 4;
 
 std::string Slot(const char* name, int i) {
   return std::string(name) + "(" + std::to_string(i) + ")";
@@ -83,15 +90,15 @@ GameWindow::GameWindow(FrontEnd& front, GameModel& model)
   central_->installEventFilter(this);
   auto* grid = new QGridLayout(central_);
   grid->setContentsMargins(8, 6, 8, 4);
-  grid->setHorizontalSpacing(12);
-  grid->setVerticalSpacing(4);
+  grid->setHorizontalSpacing(kColumnSpacing);
+  grid->setVerticalSpacing(kRowSpacing);
   grid->addWidget(BuildTable(), 0, 0);
   grid->addWidget(BuildSidePanel(), 0, 1);
   grid->setColumnStretch(0, 1);
   grid->setRowStretch(0, 1);
-  auto* prompt = new PromptLine(central_);
-  binder_.Bind("lblPrompt", prompt);
-  grid->addWidget(prompt, 1, 0, 1, 2);
+  prompt_line_ = new PromptLine(central_);
+  binder_.Bind("lblPrompt", prompt_line_);
+  grid->addWidget(prompt_line_, 1, 0, 1, 2);
   setCentralWidget(central_);
   BuildMenus();
   BuildStatusBar();
@@ -123,7 +130,8 @@ GameWindow::GameWindow(FrontEnd& front, GameModel& model)
     bolder = std::max(bolder, QFontMetrics(Bold(box->font())).horizontalAdvance(text) -
                                   box->fontMetrics().horizontalAdvance(text));
   }
-  side_->setFixedWidth(side_->sizeHint().width() + 2 * bolder);
+  side_->Measure(2 * bolder);
+  prompt_line_height_ = prompt_line_->sizeHint().height();
 }
 
 QLabel* GameWindow::NamedLabel(const std::string& name, QWidget* parent, Qt::Alignment align) {
@@ -217,7 +225,7 @@ QWidget* GameWindow::BuildOptions() {
   auto* options = new QWidget(central_);
   auto* grid = new QGridLayout(options);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->setSpacing(8);
+  grid->setSpacing(6);
   auto frame = [&](const char* name) {
     auto* box = new QGroupBox(options);
     box->setContextMenuPolicy(Qt::PreventContextMenu);
@@ -227,15 +235,17 @@ QWidget* GameWindow::BuildOptions() {
   QGroupBox* play = frame("frmPlayOptions");
   auto* play_grid = new QGridLayout(play);
   play_grid->setVerticalSpacing(2);
+  play_grid->setContentsMargins(8, 4, 8, 4);
   const char* boxes[] = {"chkStackem", "chkBackem", "chkSwitchem",
                          "chkSmackem", "chkTakem",  "chkRandom"};
   for (int i = 0; i < 6; ++i)
-    play_grid->addWidget(NamedButton<QCheckBox>(boxes[i], play), i / 2, i % 2);
+    play_grid->addWidget(NamedButton<QCheckBox>(boxes[i], play), i / 3, i % 3);
   grid->addWidget(play, 0, 0, 1, 3);
 
   QGroupBox* opponent = frame("frmOpponent");
   auto* opponent_column = new QVBoxLayout(opponent);
   opponent_column->setSpacing(2);
+  opponent_column->setContentsMargins(8, 4, 8, 4);
   opponent_column->addWidget(NamedButton<QRadioButton>("optVsComputer", opponent));
   opponent_column->addWidget(NamedButton<QRadioButton>("optVsHuman", opponent));
   opponent_column->addWidget(NamedButton<QPushButton>("cmdSetupRemoteOpponent", opponent));
@@ -246,6 +256,7 @@ QWidget* GameWindow::BuildOptions() {
     QGroupBox* mode = frame(name);
     auto* column = new QVBoxLayout(mode);
     column->setSpacing(2);
+    column->setContentsMargins(8, 4, 8, 4);
     column->addWidget(NamedButton<QRadioButton>(on, mode));
     column->addWidget(NamedButton<QRadioButton>(off, mode));
     column->addStretch();
@@ -267,10 +278,10 @@ QWidget* GameWindow::BuildPrompts() {
 }
 
 QWidget* GameWindow::BuildSidePanel() {
-  auto* panel = side_ = new QWidget(central_);
+  auto* panel = side_ = new SidePanel(central_);
   auto* column = new QVBoxLayout(panel);
   column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(8);
+  column->setSpacing(6);
   options_ = BuildOptions();
   column->addWidget(options_);
   auto* buttons = new QHBoxLayout;
@@ -278,7 +289,10 @@ QWidget* GameWindow::BuildSidePanel() {
     buttons->addWidget(NamedButton<QPushButton>(name, panel));
   column->addLayout(buttons);
   column->addWidget(BuildPrompts());
-  column->addStretch(1);
+  move_list_ = new MoveList(panel);
+  for (int i = 1; i <= MoveList::kEntries; ++i)
+    binder_.Bind(Slot("lblMoveList", i), move_list_->entry(i));
+  column->addWidget(move_list_, 1);
   return panel;
 }
 
@@ -373,6 +387,7 @@ void GameWindow::Refresh() {
   t.count_captions[1]->setVisible(model_.lblMoveCountB.visible);
   if (n != t.stackSize()) t.SetStackSize(n);
   prompts_->Arrange(!model_.fast_mode() || model_.cmdPlayB.visible);
+  move_list_->Arrange();
   RefreshHighlights();
   if (placed_ && n != fitted_stack_size_) FitToContents();
 }
@@ -413,10 +428,17 @@ void GameWindow::FitToContents() {
   const int old_n = fitted_stack_size_;
   const int n = model_.state().stack_size;
   fitted_stack_size_ = n;
+  // Before the new rows' minimum can stretch the window.
+  if (old_n > 0 && !isMaximized() && !isFullScreen())
+    size_for_[static_cast<size_t>(old_n)] = size();
+  // Grown texts would hold the window up; the resize grows them again as far as it allows.
+  if (!isMaximized() && !isFullScreen()) ScaleTexts(1);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  central_->layout()->invalidate();
+  central_->layout()->activate();
+  layout()->invalidate();
   layout()->activate();
   if (isMaximized() || isFullScreen()) return;
-  if (old_n > 0) size_for_[static_cast<size_t>(old_n)] = size();
   QSize want = size_for_[static_cast<size_t>(n)];
   if (!want.isValid()) {
     want = old_n > 0 ? size() + table_->PreferredSize(n) - table_->PreferredSize(old_n)
@@ -429,6 +451,40 @@ void GameWindow::FitToContents() {
     }
   }
   resize(want.expandedTo(minimumSizeHint()));
+}
+
+void GameWindow::Rescale() {
+  // The largest scale of the side panel's texts at which the table's cards, in what room is
+  // left, still have faces of at least the matching size. Sizes at a scale are the panel's at
+  // the window's font, grown in proportion: a little generous, since not all of it grows.
+  const QMargins m = central_->layout()->contentsMargins();
+  const QSize room = central_->size().shrunkBy(m);
+  const QSize base = side_->baseSize();
+  const int n = table_->stackSize();
+  const double ui = QFontInfo(font()).pixelSize();
+  auto fits = [&](double s) {
+    const int line = static_cast<int>(std::ceil(prompt_line_height_ * s));
+    const QSize table(room.width() - kColumnSpacing - static_cast<int>(std::ceil(base.width() * s)),
+                      room.height() - kRowSpacing - line);
+    return base.height() * s <= table.height() &&
+           table_->FitFont(table, n) * kTextPerFace >= ui * s;
+  };
+  double low = 1, high = 4;
+  while (high - low > 0.02) {
+    const double mid = (low + high) / 2;
+    (fits(mid) ? low : high) = mid;
+  }
+  ScaleTexts(low);
+}
+
+void GameWindow::ScaleTexts(double scale) {
+  side_->SetScale(scale);
+  const int px = static_cast<int>(std::lround(QFontInfo(font()).pixelSize() * scale));
+  if (QFontInfo(prompt_line_->font()).pixelSize() != px) {
+    QFont text;  // the size only
+    if (scale > 1) text.setPixelSize(px);
+    prompt_line_->setFont(text);
+  }
 }
 
 void GameWindow::KeepOnScreen() {
@@ -485,6 +541,7 @@ bool GameWindow::OnBackground(QWidget* hit) const {
 
 bool GameWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched != central_) return QMainWindow::eventFilter(watched, event);
+  if (event->type() == QEvent::Resize) Rescale();
   if (event->type() == QEvent::MouseButtonPress) {
     auto* mouse = static_cast<QMouseEvent*>(event);
     if (mouse->button() == Qt::LeftButton &&

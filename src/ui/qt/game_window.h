@@ -20,6 +20,9 @@ class BoardTable;
 class CardLabel;
 class FrontEnd;
 class PromptArea;
+class PromptLine;
+class SidePanel;
+class MoveList;
 
 // frmGame: the table (both Stacks, the piles and the move counts) takes the room the window has;
 // beside it the option panels, the game buttons and the prompt buttons take what they need;
@@ -71,6 +74,8 @@ class GameWindow : public QMainWindow {
   QAction* NamedAction(const std::string& name, QMenu* menu, bool checkable);
   bool OnBackground(QWidget* hit) const;
   void FitToContents();
+  void Rescale();
+  void ScaleTexts(double scale);  // the side panel's and the prompt line's
   void KeepOnScreen();
   double Dpi() const;
 
@@ -79,7 +84,10 @@ class GameWindow : public QMainWindow {
   ControlBinder binder_;
   BoardTable* table_ = nullptr;
   PromptArea* prompts_ = nullptr;
-  QWidget* side_ = nullptr;
+  SidePanel* side_ = nullptr;
+  MoveList* move_list_ = nullptr;
+  PromptLine* prompt_line_ = nullptr;
+  int prompt_line_height_ = 0;  // at the window's font
   QWidget* options_ = nullptr;
   QWidget* central_ = nullptr;
   // Brief highlights show for a moment after the event that set them.

@@ -1,4 +1,5 @@
 #include <QContextMenuEvent>
+#include <QFontInfo>
 #include <QLabel>
 #include <QMenu>
 #include <QScreen>
@@ -217,7 +218,9 @@ class GameWindowTest : public QObject {
       QCoreApplication::processEvents();
       for (QWidget* child : w->findChildren<QWidget*>()) {
         const QString name = child->objectName();
-        if (name.isEmpty() || name.startsWith(QLatin1String("qt_")) || !child->isVisible())
+        // The move list's entries step down as moves come in.
+        if (name.isEmpty() || name.startsWith(QLatin1String("qt_")) ||
+            name.startsWith(QLatin1String("lblMoveList")) || !child->isVisible())
           continue;
         const QRect now(child->mapTo(w, QPoint()), child->size());
         const auto [place, first] = places.emplace(name, now);
@@ -318,15 +321,31 @@ class GameWindowTest : public QObject {
     const QSize smallest = w->minimumSizeHint();
     QVERIFY2(smallest.width() <= 960 && smallest.height() <= 540 - 62,
              qPrintable(QStringLiteral("%1x%2").arg(smallest.width()).arg(smallest.height())));
+    auto px = [&](const char* name) { return QFontInfo(s.find(name)->font()).pixelSize(); };
+    const int ui = QFontInfo(QApplication::font()).pixelSize();
+    // No text beside a card is larger than its numerals; the rest grows with the cards.
+    auto in_proportion = [&] {
+      QCoreApplication::processEvents();
+      const double face = w->table()->cardFontSize();
+      QVERIFY(px("lblRangeA(1)") <= face && px("lblGoodBad(20)") <= face);
+      QVERIFY(px("lblMoveCountA") >= std::min<double>(face * 0.85, ui));
+      QVERIFY(s.find("frmPlayOptions")->mapTo(w, QPoint()).x() >=
+              w->table()->mapTo(w, QPoint(w->table()->width(), 0)).x());
+    };
     w->resize(smallest);
-    QCoreApplication::processEvents();
+    in_proportion();
     const double small_font = w->table()->cardFontSize();
     const int small_card = s.find("lblCardA(1)")->height();
+    QCOMPARE(px("chkStackem"), ui);
     w->resize(1800, 1100);
-    QCoreApplication::processEvents();
+    in_proportion();
     QVERIFY(w->table()->cardFontSize() > 1.5 * small_font);
     QVERIFY(s.find("lblCardA(20)")->height() > 1.5 * small_card);
     QVERIFY(s.find("lblDiscardPile")->height() > s.find("lblCardA(1)")->height());
+    QVERIFY(px("chkStackem") > ui && px("lblPrompt") == px("chkStackem"));
+    w->resize(smallest);  // and back
+    in_proportion();
+    QCOMPARE(px("chkStackem"), ui);
   }
 
   void windowPositionIsKeptInTwips() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAction>
+#include <QApplication>
 #include <QFile>
 #include <QGroupBox>
 #include <QStringList>
@@ -21,6 +22,8 @@ namespace bq::qt::test {
 // same game. The empty data folder keeps it silent.
 struct Session {
   explicit Session(const char* settings = "") {
+    // The desktop's fonts vary from machine to machine; the tests' do not.
+    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
     QFile file(dir.filePath(QStringLiteral("Bramblequay.INI")));
     if (*settings != '\0' && file.open(QIODevice::WriteOnly)) file.write(settings);
     file.close();

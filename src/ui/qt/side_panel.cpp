@@ -1,0 +1,94 @@
+#include "ui/qt/side_panel.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QFontInfo>
+#include <QLabel>
+#include <QLayout>
+#include <algorithm>
+#include <cmath>
+
+namespace bq::qt {
+
+SidePanel::SidePanel(QWidget* parent) : QWidget(parent) {
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+}
+
+void SidePanel::Measure(int extra) {
+  extra_ = extra;
+  base_ = {layout()->sizeHint().width() + extra, layout()->minimumSize().height()};
+  updateGeometry();
+}
+
+void SidePanel::SetScale(double scale) {
+  scale = std::max(1.0, scale);
+  const int ui = QFontInfo(QApplication::font(this)).pixelSize();
+  const int px = static_cast<int>(std::lround(ui * scale));
+  if (px == QFontInfo(font()).pixelSize() && scale_ == scale) return;
+  scale_ = scale;
+  QFont f;  // the size only: bold captions stay bold
+  if (px != ui) f.setPixelSize(px);
+  setFont(f);
+  updateGeometry();
+}
+
+QSize SidePanel::sizeHint() const {
+  const QSize natural = layout()->sizeHint();
+  return {std::max(base_.width(), natural.width() + static_cast<int>(extra_ * scale_)),
+          std::max(base_.height(), natural.height())};
+}
+
+MoveList::MoveList(QWidget* parent) : QFrame(parent) {
+  setFrameShape(QFrame::StyledPanel);
+  setFrameShadow(QFrame::Sunken);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+  title_ = new QLabel(QStringLiteral("Moves"), this);
+  QFont bold;
+  bold.setBold(true);
+  title_->setFont(bold);
+  for (int i = 1; i <= kEntries; ++i) {
+    auto* label = new QLabel(this);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    // The newest stands out; the older ones step back.
+    if (i > 1) label->setForegroundRole(QPalette::PlaceholderText);
+    entries_[static_cast<size_t>(i)] = label;
+  }
+}
+
+void MoveList::Arrange() {
+  const QRect inner = contentsRect().adjusted(6, 4, -6, -4);
+  int y = inner.top();
+  const int title_h = title_->sizeHint().height();
+  title_->setGeometry(inner.left(), y, inner.width(), title_h);
+  y += title_h + 2;
+  for (int i = 1; i <= kEntries; ++i) {
+    QLabel* label = entries_[static_cast<size_t>(i)];
+    const int h = label->text().isEmpty() ? 0 : label->heightForWidth(inner.width());
+    // Beyond the bottom an entry waits, out of sight, for more room.
+    label->setGeometry(inner.left(), y, inner.width(), h);
+    y += h + (h > 0 ? 3 : 0);
+  }
+}
+
+QSize MoveList::sizeHint() const {
+  return {200, minimumSizeHint().height()};
+}
+
+QSize MoveList::minimumSizeHint() const {
+  // The title and the newest move's first line: at the smallest window there is no more room.
+  return {120, title_->sizeHint().height() + fontMetrics().lineSpacing() + 12};
+}
+
+void MoveList::resizeEvent(QResizeEvent* event) {
+  QFrame::resizeEvent(event);
+  Arrange();
+}
+
+void MoveList::changeEvent(QEvent* event) {
+  QFrame::changeEvent(event);
+  if (event->type() == QEvent::FontChange) Arrange();
+}
+
+}  // namespace bq::qt

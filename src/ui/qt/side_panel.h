@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QFrame>
+#include <QWidget>
+#include <array>
+
+class QLabel;
+
+namespace bq::qt {
+
+// The column beside the table: options, game buttons, prompts and the move list. Its texts grow
+// with the cards, from the window's font up; it never asks for less room than at that font, so a
+// window that shrinks can always bring it back down.
+class SidePanel : public QWidget {
+  Q_OBJECT
+ public:
+  explicit SidePanel(QWidget* parent = nullptr);
+  // Call once the contents are in: notes the panel's size at the window's font, with `extra`
+  // width for captions that turn bold during a game.
+  void Measure(int extra);
+  QSize baseSize() const { return base_; }
+  // Texts at `scale` times the window's font; the width follows.
+  void SetScale(double scale);
+  double scale() const { return scale_; }
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return base_; }
+
+ private:
+  QSize base_;
+  double scale_ = 1;
+  int extra_ = 0;
+};
+
+// The moves of the game in words, newest on top, as many as there is room for.
+class MoveList : public QFrame {
+  Q_OBJECT
+ public:
+  static constexpr int kEntries = 20;
+  explicit MoveList(QWidget* parent = nullptr);
+  QLabel* entry(int i) const { return entries_[static_cast<size_t>(i)]; }  // 1..kEntries
+  void Arrange();
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  QLabel* title_ = nullptr;
+  std::array<QLabel*, kEntries + 1> entries_{};
+};
+
+}  // namespace bq::qt
