@@ -113,7 +113,7 @@ BoardTable::Sizes BoardTable::Measure(double font_px, int n) const {
   double captions = 0;
   for (QWidget* button : a.setups)
     if (button != nullptr)
-      captions += label.horizontalAdvance(button->property("text").toString()) + 16 + kColumnGap;
+      captions += label.horizontalAdvance(button->property("text").toString()) + 28 + kColumnGap;
   s.setup_w = std::max(s.setup_w, captions);
   s.setup_h = label.height() + 10;
   s.stack_w = s.setup_w;

@@ -65,7 +65,10 @@ void MoveList::Arrange() {
   y += title_h + 2;
   for (int i = 1; i <= kEntries; ++i) {
     QLabel* label = entries_[static_cast<size_t>(i)];
-    const int h = label->text().isEmpty() ? 0 : label->heightForWidth(inner.width());
+    int h = label->text().isEmpty() ? 0 : label->heightForWidth(inner.width());
+    // Whole lines only: the last entry that fits in part ends at a line's end.
+    const int line = label->fontMetrics().lineSpacing();
+    h = std::clamp(h, 0, std::max(0, (inner.bottom() - y) / line * line));
     // Beyond the bottom an entry waits, out of sight, for more room.
     label->setGeometry(inner.left(), y, inner.width(), h);
     y += h + (h > 0 ? 3 : 0);

@@ -90,6 +90,37 @@ void PlayToTheEnd(Session& s) {
   }
 }
 
+// Gives side A these cards and the Discard Pile this one, each card swapped with the place that
+// held it, so that every card is still in the game once.
+void WinningPosition(GameModel& game, std::vector<int> stack, int discard) {
+  GameState g = game.state();
+  auto place_of = [&](int card) -> int* {
+    for (int side : {kSideA, kSideB})
+      for (int k = 1; k <= g.stack_size; ++k)
+        if (g.Card(side, k) == card) return &g.Card(side, k);
+    for (int m = 1; m <= g.draw_count; ++m)
+      if (g.draw_cards[static_cast<size_t>(m)] == card)
+        return &g.draw_cards[static_cast<size_t>(m)];
+    return g.discard_top == card ? &g.discard_top : nullptr;
+  };
+  stack.push_back(discard);
+  for (size_t i = 0; i < stack.size(); ++i) {
+    int* want = i + 1 < stack.size() ? &g.Card(kSideA, static_cast<int>(i) + 1) : &g.discard_top;
+    int* from = place_of(stack[i]);
+    QVERIFY(from != nullptr);
+    std::swap(*want, *from);
+  }
+  auto list = [](const int* first, int count) {
+    QStringList out;
+    for (int i = 0; i < count; ++i) out << QString::number(first[i]);
+    return out.join(QLatin1Char(' ')).toStdString();
+  };
+  QCOMPARE(game.SetField("Stacks(1)", list(&g.Card(kSideA, 1), g.stack_size)), std::string());
+  QCOMPARE(game.SetField("Stacks(2)", list(&g.Card(kSideB, 1), g.stack_size)), std::string());
+  QCOMPARE(game.SetField("DrawCards", list(&g.draw_cards[1], g.draw_count)), std::string());
+  QCOMPARE(game.SetField("DiscardTop", std::to_string(g.discard_top)), std::string());
+}
+
 // Everything but the card faces follows the palette; this one stands for a dark desktop.
 QPalette Dark() {
   QPalette p;
@@ -151,8 +182,7 @@ void Screenshots::board() {
     }
     Session s;
     QTest::mouseClick(s.find("cmdNew"), Qt::LeftButton);
-    s.game().SetField("Stacks(1)", "5 15 25 35 45 55 65 75 85 9");
-    s.game().SetField("DiscardTop", "95");
+    WinningPosition(s.game(), {5, 15, 25, 35, 45, 55, 65, 75, 85, 9}, 95);
     s.click({"lblDiscardPile", "lblCardA(10)", "cmdPlayA"});
     s.window()->Refresh();  // the set positions went round the front end
     QVERIFY(s.game().cmdAWins.visible);
