@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QMessageBox>
+#include <QScreen>
 #include <QWidget>
 #include <algorithm>
 #include <iterator>
@@ -177,13 +178,32 @@ AppModel::Result FrontEnd::Close(const std::string& window) {
   return Dispatch([&] { return app_.Close(window); });
 }
 
+// A window first opens centred over the game window, as far as the screen allows.
+static void CentreOver(QWidget* w, QWidget* over) {
+  if (w == nullptr || over == nullptr) return;
+  w->adjustSize();
+  QPoint top_left = over->frameGeometry().center() - QPoint(w->width() / 2, w->height() / 2);
+  if (const QScreen* s = over->screen()) {
+    const QRect room = s->availableGeometry();
+    top_left.setX(
+        std::clamp(top_left.x(), room.left(), std::max(room.left(), room.right() - w->width())));
+    top_left.setY(
+        std::clamp(top_left.y(), room.top(), std::max(room.top(), room.bottom() - w->height())));
+  }
+  w->move(top_left);
+}
+
 void FrontEnd::WindowOpened(const std::string& window) {
   if (window == "mnuPopupForm" || window == "mnuPopupCard") {
     pending_popup_ = window;  // shown once the event is over and the menu is up to date
     return;
   }
   if (window == "frmStats") {
-    if (!stats_) stats_ = std::make_unique<StatsWindow>(*this, *app_.Window(window), game_.get());
+    if (!stats_) {
+      stats_ = std::make_unique<StatsWindow>(*this, *app_.Window(window), game_.get());
+      stats_->Refresh();
+      CentreOver(stats_.get(), game_.get());
+    }
     stats_->Refresh();
     stats_->show();
     stats_->raise();
@@ -199,7 +219,11 @@ void FrontEnd::WindowOpened(const std::string& window) {
     confirm_->activateWindow();
   } else if (app_.Window(window) != nullptr && window != "frmGame") {
     auto& view = others_[window];
-    if (!view) view = MakeWindow(window);
+    if (!view) {
+      view = MakeWindow(window);
+      view->Refresh();
+      CentreOver(view.get(), game_.get());
+    }
     view->Refresh();
     view->show();
     view->raise();

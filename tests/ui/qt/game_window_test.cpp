@@ -170,6 +170,8 @@ class GameWindowTest : public QObject {
     s.find<QAction>("mnuStats")->trigger();
     QWidget* stats = s.front->View("frmStats");
     QVERIFY(stats != nullptr && stats->isVisible());
+    const QPoint off = stats->frameGeometry().center() - s.window()->frameGeometry().center();
+    QVERIFY2(off.manhattanLength() <= 4, "the statistics open centred over the game");
     WindowModel& model = *s.app->Window("frmStats");
     QCOMPARE(Mismatches(stats, model), QStringList());
     GenericWindow plain(*s.front, model, nullptr);  // the form any other window gets
