@@ -21,6 +21,9 @@ inline constexpr int kTie = 3;
 enum Option { kStackem = 0, kBackem, kSwitchem, kSmackem, kTakem, kOptionCount };
 using OptionSet = std::array<bool, kOptionCount>;
 
+// Where a game stands for the referee. Nothing is legal once a game is decided.
+enum class Phase { kOpening, kPlay, kDecided };
+
 // The cards of one game: deck, both Stacks, both piles and the turn counters. A plain value, so a
 // position can be copied, compared and printed.
 struct GameState {
@@ -40,6 +43,15 @@ struct GameState {
   int move_count_a = 0;
   int move_count_b = 0;
   bool opponent_row_reversed = false;
+
+  // What it takes to judge a move: set when a game begins, changed only by Apply (rules.h).
+  OptionSet options{};
+  Phase phase = Phase::kPlay;
+  int first_side = 0;  // 0: side A opens and the first mover is drawn; else this side begins both
+  std::array<bool, 3> smackem_used{};  // [side]
+  std::array<bool, 3> takem_used{};
+  // Side A aims for descending order. Unlike side B's, its Stack is never turned round.
+  bool a_reversed = false;
 
   // The load-time set-up: deck in order, sentinels, Draw Pile size for the current Stack size.
   void Init();

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-
 #include "engine/game_state.h"
 #include "support/scripted_rng.h"
 

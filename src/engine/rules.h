@@ -1,0 +1,36 @@
+#pragma once
+
+#include <vector>
+
+#include "engine/game_state.h"
+#include "engine/move.h"
+
+namespace bq {
+
+// The referee: what a side may do, and what a move does. Apply is the one place where a move
+// changes the cards, the piles, the counts, the turn and the result.
+
+// For BeginGame's `first`: side A opens and the first mover of play is drawn at random, as
+// against the computer. A side instead opens and moves first, as the invited copy of a network
+// game does (side A there, side B on the dealer's copy).
+inline constexpr int kDrawnFirst = 0;
+
+// Starts the game whose cards lie dealt in `g` (by ShuffleAndDeal, or received): clears the
+// counts, the result and the once-per-game flags, tests both Stacks and, unless the deal decided
+// the game, opens with Switchem or starts play. The Stack size must already suit the options.
+void BeginGame(GameState& g, const OptionSet& options, int first, Rng& rng);
+// ShuffleAndDeal, then BeginGame.
+void NewGame(GameState& g, const OptionSet& options, int first, Rng& rng);
+
+bool IsLegal(const GameState& g, const Move& m);
+// Every legal move of `side`, each outcome once (a swap of p and q is listed as p < q only).
+std::vector<Move> LegalMoves(const GameState& g, int side);
+
+// Makes the move and runs the order test that its kind calls for: after side A's take, its own
+// Stack; after side B's pile move, both; after a Smackem, the Stack it changed; after a Takem
+// and after the opening, both. The first result decides the game. Draws from `rng` when the
+// Draw Pile is renewed and for the first mover drawn after the opening. Returns false, changing
+// nothing, for a move that is not legal.
+bool Apply(GameState& g, const Move& m, Rng& rng);
+
+}  // namespace bq
