@@ -13,10 +13,12 @@ constexpr int kDeckSize = 100;
 }  // namespace
 
 int RoundHalfEven(double x) {
-  double whole = std::floor(x);
+  // floor() and fmod() without library calls: exact for every value an int holds.
+  int whole = static_cast<int>(x);
+  if (static_cast<double>(whole) > x) --whole;
   const double frac = x - whole;
-  if (frac > 0.5 || (frac == 0.5 && std::fmod(whole, 2.0) != 0.0)) whole += 1.0;
-  return static_cast<int>(whole);
+  if (frac > 0.5 || (frac == 0.5 && (whole & 1) != 0)) ++whole;
+  return whole;
 }
 
 void Judgement::SetStack(int stack_size, const int* cards) {
@@ -45,7 +47,9 @@ void Judgement::ResetRanges() {
   }
 }
 
-void Judgement::MarkingPass() {
+bool Judgement::MarkingPass() {
+  // A mark may change and change back within one pass; only the marks it leaves count.
+  const auto marks_before = m;
   for (int i = 1; i <= n; ++i) {
     if (low[i] <= b[i] && b[i] <= high[i] && m[i] != '1') {
       m[i] = '1';
@@ -82,6 +86,7 @@ void Judgement::MarkingPass() {
       mark_neighbours(i);
     }
   }
+  return m != marks_before;
 }
 
 void Judgement::RangePass() {
@@ -144,19 +149,17 @@ void Judgement::UpdateJudgement() {
     if (settled_count == noted_settled && reversed_count == noted_reversed) return;
     noted_settled = settled_count;
     noted_reversed = reversed_count;
-    const auto marks_before = m;
-    const auto low_before = low;
-    const auto high_before = high;
-    MarkingPass();
-    RangePass();
-    if (m == marks_before && low == low_before && high == high_before) {
-      // A fixed point: every remaining round would only count the standing 'R' pairs again,
-      // so add those counts at once. This keeps the opening search fast.
+    // A range pass repeated on its own result with the same marks changes nothing, so a
+    // marking pass that changes no mark has reached a fixed point: every remaining round would
+    // only count the standing 'R' pairs again, so add those counts at once. This keeps the
+    // opening search and self-play fast.
+    if (!MarkingPass()) {
       const int rounds_left = n - round;
       settled_count += (settled_count - noted_settled) * rounds_left;
       reversed_count += (reversed_count - noted_reversed) * rounds_left;
       return;
     }
+    RangePass();
   }
 }
 

@@ -27,7 +27,8 @@ struct Judgement {
   // Marks 1..n to '0' (the sentinels to '1') and both counts to 0.
   void ClearMarks();
   void ResetRanges();
-  void MarkingPass();
+  // Returns whether any mark changed (the counts may change without it).
+  bool MarkingPass();
   void RangePass();
   // Both passes, repeated while the counts keep changing (at most n + 1 rounds).
   void UpdateJudgement();
