@@ -69,6 +69,7 @@ class PrintingLink : public net::Link {
  public:
   PrintingLink(std::ostream& out, net::Link& inner) : out_(out), inner_(inner) {
     inner_.SetReceiver([this](const std::string& m) { Deliver(m); });
+    inner_.SetStrangerReporter([this](const std::string& host, int port) { Stranger(host, port); });
   }
   std::string Configure(const std::string& host, long remote_port, long local_port) override {
     return inner_.Configure(host, remote_port, local_port);
@@ -124,6 +125,8 @@ class Driver {
         out_ << "received: " << Raw(m) << '\n';
         app_.Receive(m);
       });
+      link_->SetStrangerReporter(
+          [this](const std::string& host, int port) { app_.Stranger(host, port); });
       app_.SetLink(link_.get());
     }
   }
@@ -205,6 +208,7 @@ class Driver {
         out_ << "error: wait takes milliseconds\n";
       else if (wait_)
         wait_(ms);
+      app_.Tick();
     } else if (command == "show") {
       Show(rest);
     } else if (command == "get") {

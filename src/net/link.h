@@ -10,10 +10,12 @@ namespace bq::net {
 
 // One endpoint of the connection with the opponent: one datagram is one message. Only what comes
 // from the configured opponent's address and port is handed on, and only when it is no longer
-// than the longest message; everything else is dropped and counted.
+// than the longest message; everything else is dropped and counted, and a sender other than the
+// opponent is named to the stranger reporter, so that the player can learn why nothing happens.
 class Link {
  public:
   using Receiver = std::function<void(const std::string& message)>;
+  using StrangerReporter = std::function<void(const std::string& host, int port)>;
 
   virtual ~Link() = default;
 
@@ -29,6 +31,7 @@ class Link {
   virtual int LocalPort() const = 0;  // 0 until bound
 
   void SetReceiver(Receiver receiver) { receiver_ = std::move(receiver); }
+  void SetStrangerReporter(StrangerReporter reporter) { stranger_ = std::move(reporter); }
   int dropped() const { return dropped_; }
 
  protected:
@@ -36,9 +39,15 @@ class Link {
     if (receiver_) receiver_(message);
   }
   void Drop() { ++dropped_; }
+  // A datagram from anyone but the opponent: dropped, and its sender reported.
+  void Stranger(const std::string& host, int port) {
+    Drop();
+    if (stranger_) stranger_(host, port);
+  }
 
  private:
   Receiver receiver_;
+  StrangerReporter stranger_;
   int dropped_ = 0;
 };
 

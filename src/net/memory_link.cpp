@@ -50,7 +50,8 @@ void MemoryLink::Arrive(const std::string& from_host, int from_port, std::string
   if (local_port_ == 0) return;
   const bool from_opponent =
       (from_host == remote_host_ || remote_host_ == "localhost") && from_port == remote_port_;
-  if (!from_opponent || message.size() > kMaxMessageLength) return Drop();
+  if (!from_opponent) return Stranger(from_host, from_port);
+  if (message.size() > kMaxMessageLength) return Drop();
   shared_->queue.emplace_back(side_, std::move(message));
 }
 

@@ -32,8 +32,6 @@ constexpr Kind kKinds[] = {
 };
 static_assert(std::size(kKinds) == std::variant_size_v<Message>);
 
-constexpr int kStackemDrawCount = 100 - 2 * 20 - 1;
-
 // Right-aligned in `width` characters, blanks on the left.
 void Put(std::string& out, int value, size_t width) {
   const std::string digits = std::to_string(value);
@@ -76,7 +74,7 @@ int ReadOpt(std::string_view field, int lo, int hi) {
   return v >= lo && v <= hi ? v : -1;
 }
 
-std::optional<Message> DecodeSetup(std::string_view t, const Context& c) {
+std::optional<Message> DecodeSetup(std::string_view t) {
   if (t.size() < 22) return std::nullopt;
   Deal s;
   for (size_t i = 0; i < 6; ++i) {
@@ -90,13 +88,15 @@ std::optional<Message> DecodeSetup(std::string_view t, const Context& c) {
   if (kind < 0 || fast < 0 || learn < 0) return std::nullopt;
   s.fast_mode = fast == 1;
   s.learn_mode = learn == 1;
-  // The deal's own Stackem decides the Stack size; the Draw Pile is as long as this copy makes
-  // it for that Stack size.
+  // The deal's own Stackem decides the Stack size, and what is left of the message the Draw
+  // Pile's length: the dealer's, whatever this copy would deal. Every card once leaves room for
+  // at most 100 - 2N - 1 of them.
   s.stack_size = s.options[0] ? 20 : 10;
-  s.draw_count = s.options[0] ? kStackemDrawCount : c.draw_count;
-  if (s.draw_count < 0 || s.draw_count > static_cast<int>(s.draw.size())) return std::nullopt;
-  const size_t n = static_cast<size_t>(s.stack_size), d = static_cast<size_t>(s.draw_count);
-  if (t.size() != 26 + 8 * n + 4 * d) return std::nullopt;
+  const size_t n = static_cast<size_t>(s.stack_size);
+  if (t.size() < 26 + 8 * n + 4 || (t.size() - 26 - 8 * n) % 4 != 0) return std::nullopt;
+  const size_t d = (t.size() - 26 - 8 * n) / 4;
+  if (d > 99 - 2 * n) return std::nullopt;
+  s.draw_count = static_cast<int>(d);
   std::bitset<101> seen;
   size_t at = 22;
   auto card = [&](int& into) {
@@ -175,7 +175,7 @@ std::optional<Message> Decode(std::string_view t, const Context& c) {
   while (kind < std::size(kKinds) && tag != kKinds[kind].tag) ++kind;
   switch (kind) {
     case 3:
-      return DecodeSetup(t, c);
+      return DecodeSetup(t);
     case 4: {
       if (t.size() != 6) return std::nullopt;
       const int slot = ReadSlot(t.substr(4, 2), c);

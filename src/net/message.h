@@ -56,18 +56,17 @@ struct Deal {
 using Message = std::variant<Invite, Accept, Reject, Deal, CardClick, ClearCards, DiscardClick,
                              DiscardMove, Look, DrawMove, Pass, Switch, Smack, Take, Quit, Exit>;
 
-// What the receiving copy knows when it reads a message: its current Stack size, and the Draw
-// Pile size it keeps when Stackem is off (a deal with Stackem on always has 59).
+// What the receiving copy knows when it reads a message: its current Stack size. A deal carries
+// its own Stack size (its Stackem option) and Draw Pile length (the message's length).
 struct Context {
   int stack_size = 10;
-  int draw_count = 79;
 };
 
 std::string Encode(const Message& m);
 // The message, or nullopt for anything that is not exactly what Encode makes for this context:
 // an unknown or upper-case tag, a wrong length, a blank where a digit belongs, a slot outside
-// 1..stack_size, a card outside 1..100, and in a deal a card given twice or an option out of
-// range. So a decoded message always encodes to the same bytes.
+// 1..stack_size, a card outside 1..100, and in a deal a card given twice, an option out of range
+// or an empty Draw Pile. So a decoded message always encodes to the same bytes.
 std::optional<Message> Decode(std::string_view text, const Context& context);
 
 // The status bar's words for a message sent, and received ("" for the relayed clicks, which

@@ -4,16 +4,6 @@
 
 namespace bq::net {
 
-void Session::InvitationSent() {
-  role_ = Role::kInviter;
-  awaiting_answer_ = true;
-}
-
-void Session::InvitationReceived() {
-  role_ = Role::kInvited;
-  awaiting_answer_ = false;
-}
-
 bool Session::Accepts(const Message& m, const Moment& now) const {
   return std::visit(
       [&](const auto& msg) {
@@ -21,11 +11,13 @@ bool Session::Accepts(const Message& m, const Moment& now) const {
         if constexpr (std::is_same_v<T, Invite> || std::is_same_v<T, Exit>) {
           return true;
         } else if constexpr (std::is_same_v<T, Accept> || std::is_same_v<T, Reject>) {
-          return role_ == Role::kInviter && awaiting_answer_;
+          return phase_ == Phase::kInviting;
         } else if constexpr (std::is_same_v<T, Deal>) {
-          return role_ == Role::kInvited;
+          return phase_ == Phase::kAwaitingDeal;
         } else if constexpr (std::is_same_v<T, Quit>) {
-          return now.in_game;
+          return engaged();
+        } else if (phase_ != Phase::kPlaying) {
+          return false;
         } else if constexpr (std::is_same_v<T, Switch>) {
           return now.in_game && now.awaiting_switch;
         } else if constexpr (std::is_same_v<T, ClearCards>) {

@@ -18,29 +18,39 @@ struct Moment {
   bool takem_open = false;       // and its Takem
 };
 
-// The session between two copies: who invited whom, and which message is acceptable when. A
-// message that is not acceptable is bad data, whatever its bytes say.
+// The session between two copies: where the exchange with the opponent stands, and which
+// message is acceptable when. A message that is not acceptable is bad data, whatever its bytes say.
 class Session {
  public:
-  enum class Role { kNone, kInviter, kInvited };
+  enum class Phase {
+    kIdle,          // nothing under way with the opponent
+    kInviting,      // this copy sent "invi" and waits for the answer
+    kInvited,       // "invi" arrived and is not answered yet
+    kAwaitingDeal,  // this copy answered Yes and waits for the deal
+    kPlaying,       // the deal went or came: a game with the opponent, until it is ended here
+  };
 
-  // This copy sent "invi" and waits for the answer.
-  void InvitationSent();
-  // "invi" arrived: this copy is the invited side until it invites in turn.
-  void InvitationReceived();
-  // "acce" or "reje" arrived, or the game was given up before the answer came.
-  void AnswerReceived() { awaiting_answer_ = false; }
+  void InvitationSent() { phase_ = Phase::kInviting; }
+  void InvitationReceived() { phase_ = Phase::kInvited; }
+  void Answered(bool yes) { phase_ = yes ? Phase::kAwaitingDeal : Phase::kIdle; }
+  // The inviter's answer came: accepted, the deal goes out and play begins.
+  void AnswerReceived(bool accepted) { phase_ = accepted ? Phase::kPlaying : Phase::kIdle; }
+  void DealReceived() { phase_ = Phase::kPlaying; }
+  // The game with the opponent is over here (its result acknowledged, or quit), or was never
+  // started.
+  void Ended() { phase_ = Phase::kIdle; }
 
-  Role role() const { return role_; }
-  bool awaiting_answer() const { return awaiting_answer_; }
+  Phase phase() const { return phase_; }
+  // Something is under way that the opponent must hear of if this copy quits or closes.
+  bool engaged() const { return phase_ != Phase::kIdle; }
 
   // Whether `m` may be applied now. An invitation and an exit always may; an answer only while
-  // one is awaited; a deal only on the invited side; a move only when it is the opponent's.
+  // one is awaited; a deal only after this copy's Yes and before any deal; a quit while anything
+  // is under way; a move only in a game and when it is the opponent's.
   bool Accepts(const Message& m, const Moment& now) const;
 
  private:
-  Role role_ = Role::kNone;
-  bool awaiting_answer_ = false;
+  Phase phase_ = Phase::kIdle;
 };
 
 // The text typed into a port box, trimmed, as a whole number; nullopt when it is none.

@@ -24,6 +24,15 @@ std::string BindFailure(const QUdpSocket& socket, long port) {
   }
 }
 
+// The sender as a player would write it: IPv4 as such (also when it came mapped into IPv6), IPv6
+// in brackets so that the port after it reads clearly.
+std::string SenderText(const QHostAddress& sender) {
+  bool v4 = false;
+  const quint32 ip4 = sender.toIPv4Address(&v4);
+  if (v4) return QHostAddress(ip4).toString().toStdString();
+  return "[" + sender.toString().toStdString() + "]";
+}
+
 }  // namespace
 
 UdpLink::UdpLink() = default;
@@ -73,21 +82,22 @@ void UdpLink::ReadAll() {
   char buffer[kMaxMessageLength + 1];
   while (socket_ && socket_->hasPendingDatagrams()) {
     const qint64 size = socket_->pendingDatagramSize();
-    if (size < 0 || size > static_cast<qint64>(kMaxMessageLength)) {
-      socket_->readDatagram(nullptr, 0);  // dropped unread
-      Drop();
-      continue;
-    }
+    const bool too_long = size < 0 || size > static_cast<qint64>(kMaxMessageLength);
     QHostAddress sender;
     quint16 port = 0;
-    const qint64 got = socket_->readDatagram(buffer, sizeof buffer, &sender, &port);
+    // A datagram too long for any message is read without its bytes, for its sender only.
+    const qint64 got = socket_->readDatagram(buffer, too_long ? 0 : sizeof buffer, &sender, &port);
     bool from_opponent = port == remote_port_;
     if (from_opponent) {
       from_opponent = false;
       for (const QHostAddress& a : remote_)
         from_opponent = from_opponent || a.isEqual(sender, QHostAddress::TolerantConversion);
     }
-    if (got < 0 || !from_opponent) {
+    if (!from_opponent && !sender.isNull()) {
+      Stranger(SenderText(sender), port);
+      continue;
+    }
+    if (got < 0 || too_long || !from_opponent) {
       Drop();
       continue;
     }

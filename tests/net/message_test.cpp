@@ -8,7 +8,7 @@
 namespace bq::net {
 namespace {
 
-const Context k10{10, 79};
+const Context k10{10};
 
 Deal MakeDeal(bool stackem, int draw_count) {
   Deal s;
@@ -66,7 +66,7 @@ TEST(Message, TheSetupLayoutHasOptionsThenBothStacksThenThePiles) {
 }
 
 TEST(Message, WhatDecodesEncodesToTheSameBytes) {
-  const Context k20{20, 59};
+  const Context k20{20};
   for (const std::string& text :
        {std::string("invi"), std::string("acce"), std::string("card 7"), std::string("card10"),
         std::string("disc 7"), std::string("disc 10"), std::string("draw 1"), std::string("pass"),
@@ -80,11 +80,14 @@ TEST(Message, WhatDecodesEncodesToTheSameBytes) {
   const auto big = Decode(Encode(MakeDeal(true, 59)), k10);
   ASSERT_TRUE(big);
   EXPECT_EQ(std::get<Deal>(*big).stack_size, 20);
-  // With Stackem off a copy keeps the Draw Pile size it has: 59 after Stackem was on.
-  EXPECT_TRUE(Decode(Encode(MakeDeal(false, 59)), k20));
-  EXPECT_FALSE(Decode(Encode(MakeDeal(false, 79)), k20));
-  EXPECT_TRUE(Decode(Encode(MakeDeal(false, 59)), {10, 59}));
-  EXPECT_FALSE(Decode(Encode(MakeDeal(false, 59)), k10));
+  // The Draw Pile is as long as the dealer made it, whatever this copy would deal: 59 after
+  // Stackem was on and off, and any length that leaves every card once.
+  for (const int d : {59, 79, 1}) {
+    const auto deal = Decode(Encode(MakeDeal(false, d)), k20);
+    ASSERT_TRUE(deal) << d;
+    EXPECT_EQ(std::get<Deal>(*deal).draw_count, d);
+  }
+  EXPECT_EQ(std::get<Deal>(*Decode(Encode(MakeDeal(true, 40)), k10)).draw_count, 40);
   EXPECT_EQ(std::get<DiscardMove>(*Decode("disc 15", k20)).slot, 15);
   EXPECT_EQ(std::get<Take>(*Decode("take10 1", k10)).own, 10);
   EXPECT_EQ(std::get<Smack>(*Decode("smac 312", k20)).pos2, 12);
@@ -116,6 +119,13 @@ TEST(Message, MalformedInputIsRefused) {
   EXPECT_FALSE(Decode(with(18, " 0"), k10));    // a mode is 1 or 2
   EXPECT_FALSE(Decode(with(20, "x1"), k10));
   EXPECT_FALSE(Decode(with(0, "SETU"), k10));
+  // Draw Piles that no deal can hold: empty, part of a card, more cards than the deck has.
+  EXPECT_FALSE(Decode(good.substr(0, 26 + 80), k10));
+  EXPECT_FALSE(Decode(good.substr(0, good.size() - 2), k10));
+  std::string crowded = Encode(MakeDeal(true, 59));
+  crowded.replace(4, 2, " 0");  // the same 422 bytes as 10-card Stacks: a Draw Pile of 79
+  EXPECT_TRUE(Decode(crowded, k10));
+  EXPECT_FALSE(Decode(Encode(MakeDeal(true, 59)) + "   1", k10));
 }
 
 }  // namespace

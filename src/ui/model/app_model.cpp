@@ -121,6 +121,16 @@ void AppModel::Receive(const std::string& message) {
   AfterGameEvent();
 }
 
+void AppModel::Stranger(const std::string& host, int port) {
+  if (game_.exited()) return;
+  game_.Stranger(host, port);
+}
+
+void AppModel::Tick() {
+  if (game_.exited()) return;
+  game_.Tick();
+}
+
 AppModel::Result AppModel::Close(std::string_view window) {
   if (Window(window) == nullptr) return Result::kUnknown;
   if (!IsOpen(window)) return Result::kIgnored;
@@ -133,7 +143,11 @@ AppModel::Result AppModel::Close(std::string_view window) {
   if (window == "frmAbout") return about_->Close() ? Result::kDone : Result::kIgnored;
   if (window == "frmHowTo") return how_to_->Close() ? Result::kDone : Result::kIgnored;
   if (window == "frmCommunicate") return communicate_->Close() ? Result::kDone : Result::kIgnored;
-  if (window == "frmInvitation") return invitation_->Close() ? Result::kDone : Result::kIgnored;
+  if (window == "frmInvitation") {
+    const bool done = invitation_->Click("cmdNo");  // so the inviter is never left waiting
+    AfterGameEvent();
+    return done ? Result::kDone : Result::kIgnored;
+  }
   game_.Exit();
   CloseOthers();
   return Result::kDone;
@@ -154,6 +168,7 @@ void AppModel::AfterGameEvent() {
   if (game_.TakeAboutRequest()) about_->Open();
   if (game_.TakeCommunicateRequest()) communicate_->Open();
   if (game_.TakeInvitationRequest()) invitation_->Open();
+  if (game_.TakeInvitationDismissal()) invitation_->Close();
   if (game_.exited()) CloseOthers();
 }
 

@@ -41,6 +41,9 @@ class AppModel {
   void SetLink(net::Link* link) { game_.SetLink(link); }
   net::Link* link() const { return game_.link(); }
   void Receive(const std::string& message);
+  // A datagram from someone other than the opponent, and the clock's event (GameModel::Tick).
+  void Stranger(const std::string& host, int port);
+  void Tick();
 
   // "frmGame", "frmStats", "frmConfirmClearStats", "frmAbout", "frmHowTo", "frmCommunicate",
   // "frmInvitation"; nullptr for an unknown window.
@@ -56,7 +59,8 @@ class AppModel {
   Result ClickBackground(bool ctrl_alt);
   // Sets a text box's text, as typed; kUnknown for anything that is not a text box.
   Result Type(std::string_view full_name, std::string_view text);
-  // Closes a window by its frame; closing frmGame runs the exit sequence.
+  // Closes a window by its frame; closing frmGame runs the exit sequence, closing frmInvitation
+  // answers No.
   Result Close(std::string_view window);
   bool exited() const { return game_.exited(); }
 

@@ -51,8 +51,8 @@ class CommunicateModel : public NetworkDialog {
 };
 
 // frmInvitation: the opponent's invitation, answered Yes or No. Controls in order: "Caption",
-// lblAcceptReject, lblFrom (ours: who invites), cmdYes, cmdNo. Closing it by the frame sends no
-// answer.
+// lblAcceptReject, lblFrom (ours: who invites), cmdYes, cmdNo. Closing it by the frame answers No
+// (AppModel::Close).
 class InvitationModel : public NetworkDialog {
  public:
   InvitationModel(Platform& platform, GameModel& game);

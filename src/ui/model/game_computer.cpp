@@ -148,7 +148,7 @@ void GameModel::ApplyComputerTakem() {
   RefreshGoodBad();
   CountMove(kSideB);
   RefreshSlotVisibility();
-  TestBothStacks(g_, Backem());
+  TestBoth();
   NextTurnUnlessDecided(kSideA);
 }
 
@@ -184,7 +184,7 @@ void GameModel::ApplyComputerSmackem() {
   RefreshSlotVisibility();
   g_.turn_owner = kSideA;
   // The swap may put the player's Stack in order: the computer then hands over the game.
-  TestOneStack(g_, Backem());
+  TestMover();
   NextTurnUnlessDecided(kSideA);
 }
 
@@ -250,7 +250,7 @@ void GameModel::ApplyComputerSwitchem() {
   RefreshSlotVisibility();
   CountMove(kSideB);
   // Play starts whatever the order test found: a result button may already be up.
-  TestBothStacks(g_, Backem());
+  TestBoth();
   EndIfDecided();
   StartOfPlay();
 }

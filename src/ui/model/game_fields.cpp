@@ -47,6 +47,7 @@ bool AllCards(const std::vector<int>& v) {
 
 void GameModel::ToggleJudgementDisplay() {
   judgement_shown_ = !judgement_shown_;
+  if (judgement_shown_ && game_running_ && !game_over_) shown_face_up_ = true;
   if (judgement_shown_) {
     SetFastMode(false);
     SetLearnMode(true);

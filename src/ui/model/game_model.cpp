@@ -345,7 +345,11 @@ bool GameModel::ClickControl(std::string_view name) {
   }
   if (c == &cmdQuit || c == &mnuFileQuitGame || c == &mnuPopupFileQuitGame) {
     if (c == &cmdQuit) PlayClick();
-    SendToOpponent(net::Quit{});
+    // An invitation still unanswered here is answered in its own dialog, not by quitting.
+    if (session_.engaged() && session_.phase() != net::Session::Phase::kInvited) {
+      SendToOpponent(net::Quit{});
+      session_.Ended();
+    }
     QuitGame();
     return true;
   }
@@ -380,29 +384,27 @@ bool GameModel::ClickControl(std::string_view name) {
   struct Action {
     Control* button;
     void (GameModel::*run)();
+    bool computer;  // the computer's buttons play the click and withdraw before the move goes on
   };
   const Action actions[] = {
-      {&cmdCTakesDiscard, &GameModel::CompleteComputerDiscard},
-      {&cmdCTakesDraw, &GameModel::CompleteComputerDraw},
-      {&cmdCTakesNothing, &GameModel::CompleteComputerNothing},
-      {&cmdTakemC, &GameModel::ApplyComputerTakem},
-      {&cmdSmackemC, &GameModel::ApplyComputerSmackem},
-      {&cmdSwitchemC, &GameModel::ApplyComputerSwitchem},
-      {&cmdBackemC, &GameModel::ApplyComputerReversal},
-      {&cmdSwitchemA, &GameModel::CompleteSwitchemA},
-      {&cmdSetupSmackemA, &GameModel::SetupSmackemA},
-      {&cmdSetupTakemA, &GameModel::SetupTakemA},
-      {&cmdSmackemA, &GameModel::CompleteSmackemA},
-      {&cmdTakemA, &GameModel::CompleteTakemA},
-      {&cmdSmackemB, &GameModel::ApplySmackemB},
-      {&cmdTakemB, &GameModel::ApplyTakemB},
+      {&cmdCTakesDiscard, &GameModel::CompleteComputerDiscard, true},
+      {&cmdCTakesDraw, &GameModel::CompleteComputerDraw, true},
+      {&cmdCTakesNothing, &GameModel::CompleteComputerNothing, true},
+      {&cmdTakemC, &GameModel::ApplyComputerTakem, true},
+      {&cmdSmackemC, &GameModel::ApplyComputerSmackem, true},
+      {&cmdSwitchemC, &GameModel::ApplyComputerSwitchem, true},
+      {&cmdBackemC, &GameModel::ApplyComputerReversal, true},
+      {&cmdSwitchemA, &GameModel::CompleteSwitchemA, false},
+      {&cmdSetupSmackemA, &GameModel::SetupSmackemA, false},
+      {&cmdSetupTakemA, &GameModel::SetupTakemA, false},
+      {&cmdSmackemA, &GameModel::CompleteSmackemA, false},
+      {&cmdTakemA, &GameModel::CompleteTakemA, false},
+      {&cmdSmackemB, &GameModel::ApplySmackemB, false},
+      {&cmdTakemB, &GameModel::ApplyTakemB, false},
   };
   for (const auto& a : actions) {
     if (c != a.button) continue;
-    // The computer's buttons play the click and withdraw themselves before the move goes on.
-    if (a.run != &GameModel::CompleteSwitchemA && a.run != &GameModel::SetupSmackemA &&
-        a.run != &GameModel::SetupTakemA && a.run != &GameModel::CompleteSmackemA &&
-        a.run != &GameModel::CompleteTakemA) {
+    if (a.computer) {
       PlayClick();
       Hide(*c);
     }
@@ -435,7 +437,8 @@ bool GameModel::RightClickControl(std::string_view name) {
 }
 
 bool GameModel::ClickBackground(bool ctrl_alt) {
-  if (!ctrl_alt) return false;
+  // The judgement is the computer's: against a person it would only show their Stack.
+  if (!ctrl_alt || !vs_computer_) return false;
   BeginEvent();
   ToggleJudgementDisplay();
   EndEvent();

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <initializer_list>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -62,6 +64,9 @@ class GameModel : public WindowModel {
   // frmInvitation or frmCommunicate.
   bool TakeInvitationRequest();
   bool TakeCommunicateRequest();
+  // Set when the opponent quits or exits before the invitation is answered: the application
+  // closes frmInvitation unanswered.
+  bool TakeInvitationDismissal();
 
   // Network play. The link belongs to the front end; without one nothing is sent or received.
   void SetLink(net::Link* link);
@@ -76,6 +81,15 @@ class GameModel : public WindowModel {
   void AnswerInvitation(bool yes);
   // A datagram from the opponent.
   void Receive(const std::string& text);
+  // A datagram from anyone else: ignored, but the prompt line names the sender, once per sender.
+  void Stranger(const std::string& host, int port);
+  bool StrangerIsNew(const std::string& host, int port) const;
+  // The clock's event, from the front end now and then: once the opponent has been silent for
+  // kSilenceMs while this copy waits for them, the prompt line says so. SilenceDue tells whether
+  // a Tick would change anything.
+  void Tick();
+  bool SilenceDue() const;
+  static constexpr std::int64_t kSilenceMs = 30000;
   const net::Session& session() const { return session_; }
 
   // Game values by the driver's names; nullopt for an unknown field.
@@ -204,6 +218,10 @@ class GameModel : public WindowModel {
   void LockControlsForGame();
   void ShowDeal();
   void EndIfDecided();
+  // The order tests of a move. Once a game is decided its first result stands: later tests in it
+  // neither change TurnResult nor end anything.
+  void TestMover();
+  void TestBoth();
   void Ending(Outcome outcome, Control& button);
   void RevealBoard();
   void RecordResult(Outcome outcome);
@@ -226,6 +244,8 @@ class GameModel : public WindowModel {
   bool ClickCardB(int pos);
   bool CardPopup(bool discard);
   void MoveReady();
+  bool MoveChosen() const;  // a pile move or a pass would be made now
+  void WithdrawEmptyMove();
   void CompleteMoveA();
   void EndOfMoveB();
   void CountMove(int side);
@@ -295,6 +315,9 @@ class GameModel : public WindowModel {
   void EnableBetweenRemoteGames();
   void AcknowledgePrompt(Control& prompt);
   void BeginGameFlags();
+  void RestoreNewGame();
+  void RefreshQuit();
+  bool AwaitingOpponent() const;
 
   // Learn Mode display.
   void ToggleJudgementDisplay();
@@ -341,6 +364,7 @@ class GameModel : public WindowModel {
   bool stats_requested_ = false;
   bool about_requested_ = false;
   bool invitation_requested_ = false;
+  bool invitation_dismissed_ = false;
   bool communicate_requested_ = false;
   net::Link* link_ = nullptr;
   net::Session session_;
@@ -348,6 +372,12 @@ class GameModel : public WindowModel {
   bool remote_switch_awaited_ = false;
   bool remote_move_due_ = false;  // the opponent's turn has begun here and its move not come
   std::string save_notice_;
+  int own_draw_count_ = 0;        // this copy's Draw Pile length while it plays a received deal's
+  std::int64_t waiting_since_ms_ = -1;  // when this copy began to wait for the opponent
+  bool silence_told_ = false;
+  std::set<std::string> strangers_;  // senders already named on the prompt line
+  int decided_result_ = kUndecided;  // the game's first result, once it has one
+  bool shown_face_up_ = false;       // the opponent's cards were on show during this game
   bool sound_on_ = true;
   bool ask_before_abandoning_ = true;
   Connection last_connection_;

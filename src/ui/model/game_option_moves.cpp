@@ -157,7 +157,7 @@ void GameModel::CompleteSmackemA() {
   SendToOpponent(net::Smack{p1, p2});
   // The mover hands over first, so the test looks at the Stack that was just changed.
   g_.turn_owner = kSideB;
-  TestOneStack(g_, Backem());
+  TestMover();
   NextTurnUnlessDecided(kSideB);
 }
 
@@ -179,7 +179,7 @@ void GameModel::CompleteTakemA() {
   FinishPick(cmdTakemA, cmdSetupTakemA, takem_used_, {b});
   SendToOpponent(net::Take{a, b});
   // Both Stacks changed, so both are tested: an exchange can put both in order at once.
-  TestBothStacks(g_, Backem());
+  TestBoth();
   NextTurnUnlessDecided(kSideB);
 }
 
@@ -210,7 +210,7 @@ void GameModel::ApplySmackemB() {
   smackem_used_[kSideB] = true;
   CountMove(kSideB);
   g_.turn_owner = kSideA;
-  TestOneStack(g_, Backem());
+  TestMover();
   NextTurnUnlessDecided(kSideA);
 }
 
@@ -238,7 +238,7 @@ void GameModel::ApplyTakemB() {
   takem_used_[kSideB] = true;
   CountMove(kSideB);
   g_.turn_owner = kSideA;
-  TestBothStacks(g_, Backem());
+  TestBoth();
   NextTurnUnlessDecided(kSideA);
 }
 

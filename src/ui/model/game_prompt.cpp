@@ -49,6 +49,13 @@ void GameModel::EndEvent() {
   } else if (game_running_) {
     result_.clear();  // kept between games only
   }
+  RefreshQuit();
+  if (!AwaitingOpponent()) {
+    waiting_since_ms_ = -1;
+    silence_told_ = false;
+  } else if (waiting_since_ms_ < 0) {
+    waiting_since_ms_ = platform_.NowMs();
+  }
   ShowHint();
   lblPrompt.caption = PromptLine(Facts());
 }
@@ -97,6 +104,7 @@ PromptFacts GameModel::Facts() const {
   f.news = news_;
   f.result = result_;
   f.can_start = cmdNew.visible && cmdNew.enabled;
+  f.silent = silence_told_;
   const std::string them = vs_computer_             ? "The computer"
                            : opponent_name_.empty() ? "Opponent"
                                                     : opponent_name_;

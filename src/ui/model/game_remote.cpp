@@ -8,6 +8,16 @@ namespace bq {
 namespace {
 
 constexpr const char* kWinsockFailed = "Winsock failed to communicate with remote server";
+// Beyond this many, further strangers are ignored without a word: a flood of forged senders
+// must not keep rewriting the prompt line.
+constexpr size_t kMaxStrangersTold = 64;
+
+// The answers, a quit and an exit concern the exchange with the opponent whatever game is on the
+// board; every other message belongs to a game against them.
+bool AboutTheSession(const net::Message& m) {
+  return std::holds_alternative<net::Accept>(m) || std::holds_alternative<net::Reject>(m) ||
+         std::holds_alternative<net::Quit>(m) || std::holds_alternative<net::Exit>(m);
+}
 
 // A status bar panel shows text; bytes a label cannot show are shown as '?'.
 std::string Printable(std::string_view text) {
@@ -59,7 +69,7 @@ void GameModel::ShowNoOpponentInformation() {
 }
 
 void GameModel::SendToOpponent(const net::Message& m) {
-  if (vs_computer_ || link_ == nullptr) return;
+  if (link_ == nullptr || (vs_computer_ && !AboutTheSession(m))) return;
   link_->Send(net::Encode(m));
   StatusBar1[3].caption = StatusBar1[2].caption;
   StatusBar1[2].caption = net::SentText(m);
@@ -89,8 +99,10 @@ void GameModel::Receive(const std::string& text) {
 }
 
 void GameModel::ReceiveMessage(const std::string& text) {
-  if (vs_computer_) return BadData(text);
-  const auto decoded = net::Decode(text, {N(), g_.draw_count});
+  // Any word from the opponent shows they are there: the wait starts afresh.
+  waiting_since_ms_ = -1;
+  silence_told_ = false;
+  const auto decoded = net::Decode(text, {N()});
   if (!decoded || !session_.Accepts(*decoded, Now())) return BadData(text);
   const net::Message& m = *decoded;
   if (!net::IsRelayedClick(m)) {
@@ -108,10 +120,15 @@ void GameModel::BadData(const std::string& text) {
 }
 
 void GameModel::OnMessage(const net::Invite&) {
-  session_.InvitationReceived();
-  // Dismissing a prompt ends its game and offers New Game; the invitation takes that back.
+  std::array<std::string, 3> panels;
+  for (size_t i = 0; i < 3; ++i) panels[i] = StatusBar1[i + 2].caption;
+  // Dismissing a prompt ends its game and offers New Game; the invitation takes that back. A game
+  // with the opponent still on the board here is over: they have begun afresh.
   for (Control* prompt : {&cmdInvitationRejected, &cmdClickHere, &cmdQuitReceived})
     if (prompt->visible) AcknowledgePrompt(*prompt);
+  if (game_running_ && !vs_computer_) QuitGame();
+  for (size_t i = 0; i < 3; ++i) StatusBar1[i + 2].caption = panels[i];
+  session_.InvitationReceived();
   cmdNew.enabled = mnuFileNewGame.enabled = mnuPopupFileNewGame.enabled = false;
   invitation_accepted_ = false;
   remote_connected_ = true;
@@ -119,13 +136,17 @@ void GameModel::OnMessage(const net::Invite&) {
 }
 
 void GameModel::AnswerInvitation(bool yes) {
+  BeginEvent();
   SendToOpponent(yes ? net::Message(net::Accept{}) : net::Message(net::Reject{}));
   invitation_accepted_ = yes;
   is_dealer_ = !yes;
+  session_.Answered(yes);
+  if (!yes) RestoreNewGame();
+  EndEvent();
 }
 
 void GameModel::OnMessage(const net::Accept&) {
-  session_.AnswerReceived();
+  session_.AnswerReceived(true);
   net::Deal s;
   for (int o = 0; o < kOptionCount; ++o) s.options[static_cast<size_t>(o)] = Checked(Option(o));
   s.options[5] = chkRandom.value == 1;
@@ -142,18 +163,20 @@ void GameModel::OnMessage(const net::Accept&) {
     s.draw[static_cast<size_t>(m - 1)] = g_.draw_cards[static_cast<size_t>(m)];
   SendToOpponent(s);
   Hide(cmdInvitationRejected);
-  cmdQuit.enabled = mnuFileQuitGame.enabled = mnuPopupFileQuitGame.enabled = true;
   ShowDeal();
 }
 
 void GameModel::OnMessage(const net::Reject&) {
-  session_.AnswerReceived();
+  session_.AnswerReceived(false);
   Prompt(cmdInvitationRejected);
 }
 
 void GameModel::OnMessage(const net::Deal& s) {
   StatusBar1[4].caption = net::Encode(s).substr(42, 20);
+  session_.DealReceived();
   is_dealer_ = false;
+  // The deal's opponent is a person: whatever was selected here, so is this copy's.
+  if (vs_computer_) SetVsHuman();
   // The options as the dealer had them. Random is only marked: its setter would clear the five.
   chkRandom.value = mnuOptionsRandom.value = s.options[5];
   random_game_ = s.options[5];
@@ -162,13 +185,28 @@ void GameModel::OnMessage(const net::Deal& s) {
       SetOptionChecked(Option(o), s.options[static_cast<size_t>(o)]);
   SetFastMode(s.fast_mode);
   SetLearnMode(s.learn_mode);
-  for (int k = 1; k <= N(); ++k) {
-    g_.Card(kSideA, k) = s.receiver_stack[static_cast<size_t>(k - 1)];
-    g_.Card(kSideB, k) = s.sender_stack[static_cast<size_t>(k - 1)];
-  }
-  g_.discard_top = s.discard;
+  // The dealer's Draw Pile, however long, so that both copies renew it at the same move; this
+  // copy's own length comes back when the game is over.
+  own_draw_count_ = g_.draw_count;
+  g_.draw_count = s.draw_count;
+  // The deck in the deal's order and the cards out of play after it, so that the next shuffle
+  // here starts from a whole deck.
+  std::array<bool, kDeckSize + 1> dealt{};
+  size_t next = 1;
+  const auto deal = [&](int& to, int card) {
+    to = card;
+    dealt[static_cast<size_t>(card)] = true;
+    g_.deck[next++] = card;
+  };
+  for (int k = 1; k <= N(); ++k)
+    deal(g_.Card(kSideA, k), s.receiver_stack[static_cast<size_t>(k - 1)]);
+  for (int k = 1; k <= N(); ++k)
+    deal(g_.Card(kSideB, k), s.sender_stack[static_cast<size_t>(k - 1)]);
+  deal(g_.discard_top, s.discard);
   for (int m = 1; m <= g_.draw_count; ++m)
-    g_.draw_cards[static_cast<size_t>(m)] = s.draw[static_cast<size_t>(m - 1)];
+    deal(g_.draw_cards[static_cast<size_t>(m)], s.draw[static_cast<size_t>(m - 1)]);
+  for (int card = 1; card <= kDeckSize; ++card)
+    if (!dealt[static_cast<size_t>(card)]) g_.deck[next++] = card;
   g_.draw_pos = 1;
   g_.buried_count = 0;
   g_.turn_result = kUndecided;
@@ -262,7 +300,7 @@ void GameModel::SwitchemSent(int first, int second) {
     return;
   }
   // As after the deal, play starts whatever the test found.
-  TestBothStacks(g_, Backem());
+  TestBoth();
   EndIfDecided();
   StartTurnB();
 }
@@ -277,7 +315,7 @@ void GameModel::OnMessage(const net::Switch& m) {
   for (int p = 1; p <= N(); ++p) lblCardB[static_cast<size_t>(p)].marked = 0;
   CountMove(kSideB);
   if (is_dealer_) return StartSwitchemA();
-  TestBothStacks(g_, Backem());
+  TestBoth();
   EndIfDecided();
   StartOfPlay();
 }
@@ -301,7 +339,10 @@ void GameModel::OnMessage(const net::Exit&) {
 }
 
 void GameModel::OpponentGone(Control& prompt) {
-  session_.AnswerReceived();
+  if (session_.phase() == net::Session::Phase::kInvited) invitation_dismissed_ = true;
+  session_.Ended();
+  // A game against the computer is this player's own business: it goes on.
+  if (game_running_ && vs_computer_) return;
   QuitGame();
   EnableBetweenRemoteGames();
   Prompt(prompt);
@@ -337,6 +378,72 @@ void GameModel::BeginGameFlags() {
   remote_move_due_ = false;
   game_running_ = true;
   game_over_ = false;
+  decided_result_ = kUndecided;
+  shown_face_up_ = learn_mode_ || judgement_shown_;
+}
+
+// New Game as the opponent choice offers it between games; during a game it stays out of reach.
+void GameModel::RestoreNewGame() {
+  if (game_running_) return;
+  cmdNew.enabled = mnuFileNewGame.enabled = mnuPopupFileNewGame.enabled =
+      vs_computer_ || opponent_setup_;
+}
+
+// From an invitation sent or accepted until the game with the opponent is decided, Quit This Game
+// is the way back for either player, whatever message was lost; afterwards the result button is.
+void GameModel::RefreshQuit() {
+  using Phase = net::Session::Phase;
+  const Phase p = session_.phase();
+  const bool open = p == Phase::kInviting || p == Phase::kAwaitingDeal ||
+                    (p == Phase::kPlaying && game_running_ && !game_over_);
+  if (open)
+    Show(cmdQuit, true, true);
+  else if (game_running_ && vs_computer_)
+    return;  // the computer game's own
+  else
+    Show(cmdQuit, game_running_, false);
+  mnuFileQuitGame.enabled = mnuPopupFileQuitGame.enabled = cmdQuit.enabled;
+}
+
+bool GameModel::AwaitingOpponent() const {
+  using Phase = net::Session::Phase;
+  switch (session_.phase()) {
+    case Phase::kInviting:
+      return true;
+    case Phase::kAwaitingDeal:
+      return !(game_running_ && vs_computer_);
+    case Phase::kPlaying:
+      return game_running_ && !game_over_ && pending_ == Pending::kNone &&
+             (remote_move_due_ || remote_switch_awaited_);
+    default:
+      return false;
+  }
+}
+
+bool GameModel::SilenceDue() const {
+  return waiting_since_ms_ >= 0 && !silence_told_ &&
+         platform_.NowMs() - waiting_since_ms_ >= kSilenceMs;
+}
+
+void GameModel::Tick() {
+  if (!SilenceDue()) return;
+  BeginEvent();
+  silence_told_ = true;
+  EndEvent();
+}
+
+bool GameModel::StrangerIsNew(const std::string& host, int port) const {
+  return strangers_.size() < kMaxStrangersTold &&
+         strangers_.count(host + ":" + std::to_string(port)) == 0;
+}
+
+void GameModel::Stranger(const std::string& host, int port) {
+  if (!StrangerIsNew(host, port)) return;
+  BeginEvent();
+  const std::string sender = host + ":" + std::to_string(port);
+  strangers_.insert(sender);
+  AddNews("Ignored a message from " + sender + ": not your opponent's address.");
+  EndEvent();
 }
 
 bool GameModel::TakeInvitationRequest() {
@@ -345,6 +452,10 @@ bool GameModel::TakeInvitationRequest() {
 
 bool GameModel::TakeCommunicateRequest() {
   return std::exchange(communicate_requested_, false);
+}
+
+bool GameModel::TakeInvitationDismissal() {
+  return std::exchange(invitation_dismissed_, false);
 }
 
 }  // namespace bq

@@ -164,6 +164,8 @@ void GameModel::SetVsComputer() {
 }
 
 void GameModel::SetVsHuman() {
+  // The computer's judgement means nothing against a person, and would show their cards.
+  if (judgement_shown_) ToggleJudgementDisplay();
   vs_computer_ = false;
   optVsComputer.value = mnuVsComputer.value = 0;
   optVsHuman.value = mnuVsHuman.value = 1;
@@ -203,6 +205,11 @@ void GameModel::ToggleFastMode() {
 }
 
 void GameModel::ToggleLearnMode() {
+  // The judgement display holds Learn Mode on: switching Learn Mode off takes the display down.
+  if (learn_mode_ && judgement_shown_) {
+    saved_learn_mode_ = false;
+    return ToggleJudgementDisplay();
+  }
   SetLearnMode(!learn_mode_);
   saved_learn_mode_ = learn_mode_;
 }
@@ -322,7 +329,7 @@ void GameModel::ShowDeal() {
   RefreshSlotVisibility();
   lblDrawPile.caption = kFaceDown;
   // Play goes on whatever the test found; a result button may already be up.
-  TestBothStacks(g_, Backem());
+  TestBoth();
   EndIfDecided();
   if (!vs_computer_ && is_dealer_) return AwaitFirstRemoteMove();
   if (Checked(kSwitchem))
@@ -331,7 +338,19 @@ void GameModel::ShowDeal() {
     StartOfPlay();
 }
 
+void GameModel::TestMover() {
+  TestOneStack(g_, Backem());
+  if (game_over_) g_.turn_result = decided_result_;
+}
+
+void GameModel::TestBoth() {
+  TestBothStacks(g_, Backem());
+  if (game_over_) g_.turn_result = decided_result_;
+}
+
 void GameModel::EndIfDecided() {
+  if (game_over_) return;  // decided once, recorded once
+  decided_result_ = g_.turn_result;
   switch (g_.turn_result) {
     case kTie:
       Ending(Outcome::kTie, cmdBothWin);
@@ -412,7 +431,8 @@ void GameModel::SaveOrWarn(const Settings& s, bool exiting) {
 }
 
 void GameModel::RecordResult(Outcome outcome) {
-  if (learn_mode_) return;
+  // A game in which the opponent's cards were on show counts no more than a Learn Mode game.
+  if (learn_mode_ || shown_face_up_) return;
   Settings s = LoadSettings(settings_path_);  // the file is the authority for the statistics
   ApplyResult(s.stats[static_cast<size_t>(vs_computer_ ? kVsComputer : kVsHumans)], outcome,
               CheckedOptions());
@@ -455,6 +475,7 @@ void GameModel::QuitGame() {
   mnuFileNewGame.enabled = mnuPopupFileNewGame.enabled = true;
   Hide(cmdQuit);
   mnuFileQuitGame.enabled = mnuPopupFileQuitGame.enabled = false;
+  if (game_running_ && !vs_computer_) session_.Ended();
   g_.move_count_a = g_.move_count_b = 0;
   RefreshMoveCounts();
   Hide(lblMoveCount);
@@ -466,6 +487,7 @@ void GameModel::QuitGame() {
   pending_ = Pending::kNone;
   RevealBoard();
   RefreshSlotVisibility();
+  if (own_draw_count_ > 0) g_.draw_count = std::exchange(own_draw_count_, 0);
   g_.turn_result = kUndecided;
   g_.turn_owner = kSideA;
   SetFastMode(fast_mode_);
@@ -477,7 +499,9 @@ void GameModel::QuitGame() {
 
 void GameModel::Exit() {
   if (exited_) return;
-  if (remote_connected_) SendToOpponent(net::Exit{});
+  // A copy that was ever invited says goodbye, and so does any copy the opponent would otherwise
+  // wait for: a game with them running, or an invitation either way unsettled.
+  if ((remote_connected_ && !vs_computer_) || session_.engaged()) SendToOpponent(net::Exit{});
   Settings s = LoadSettings(settings_path_);
   SaveOrWarn(CurrentSettings(s), true);
   exited_ = true;

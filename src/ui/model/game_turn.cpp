@@ -85,7 +85,8 @@ void GameModel::StartTurnB() {
   remote_move_due_ = true;
   for (int k = 1; k <= N(); ++k) {
     ShowCardA(k);
-    ShowCardB(k);
+    // A card left face down by a Smackem or Takem pick stays so, as against the computer.
+    if (lblCardB[static_cast<size_t>(g_.DisplayPos(k))].caption != " ") ShowCardB(k);
   }
 }
 
@@ -118,6 +119,7 @@ bool GameModel::ClickDiscardPile() {
     else if (lblDrawPile.marked == 1 && fast_mode_)
       CompleteMoveA();  // a pass
   }
+  WithdrawEmptyMove();
   return true;
 }
 
@@ -162,6 +164,7 @@ bool GameModel::ClickCardA(int slot) {
   RelayClick(net::CardClick{slot});
   if (card.marked == 1) {
     card.marked = 0;
+    WithdrawEmptyMove();
     return true;
   }
   UnmarkCardsA();
@@ -216,14 +219,27 @@ void GameModel::CountMove(int side) {
   NoteMove(side);
 }
 
-// After a move's order test: the game ends, or `side` moves next.
+// After a move's order test: the game ends, or `side` moves next. In a game decided earlier (a
+// Stack dealt in order) play goes on whatever the test found.
 void GameModel::NextTurnUnlessDecided(int side) {
-  if (g_.turn_result != kUndecided) return EndIfDecided();
+  if (g_.turn_result != kUndecided && !game_over_) return EndIfDecided();
   g_.turn_owner = side;
   if (side == kSideA)
     StartTurnA();
   else
     StartTurnB();
+}
+
+bool GameModel::MoveChosen() const {
+  return lblDrawPile.marked == 1 || (lblDiscardPile.marked == 1 && MarkedCount(lblCardA) > 0);
+}
+
+// Against a person an empty move would spend the turn and send nothing, and both copies would
+// wait for ever: the button waits until a move is chosen. The computer sees every move.
+void GameModel::WithdrawEmptyMove() {
+  if (vs_computer_ || !cmdPlayA.enabled || MoveChosen()) return;
+  cmdPlayA.enabled = false;
+  if (Focus() == "cmdPlayA") SetFocus("");
 }
 
 void GameModel::MoveReady() {
@@ -261,7 +277,7 @@ void GameModel::CompleteMoveA() {
   UnmarkCardsA();
   if (cmdSmackemA.visible || cmdTakemA.visible) AbandonPick();
   CountMove(kSideA);
-  if (chosen_slot_ > 0) TestOneStack(g_, Backem());
+  if (chosen_slot_ > 0) TestMover();
   NextTurnUnlessDecided(kSideB);
 }
 
@@ -272,7 +288,7 @@ void GameModel::EndOfMoveB() {
     RefreshGoodBad();
   }
   // Only side B's cards changed; both are tested so that nothing in order goes unnoticed.
-  TestBothStacks(g_, Backem());
+  TestBoth();
   NextTurnUnlessDecided(kSideA);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <cstdint>
 #include <string>
 
 #include "engine/rng.h"
@@ -33,6 +35,12 @@ class Platform : public Rng {
   // The same, told in the window too, without holding up the game: the player can go on playing
   // and dismiss it when they like.
   virtual void Notice(const std::string& text) { Warn(text); }
+  // Milliseconds from any fixed moment: how long the opponent has been silent.
+  virtual std::int64_t NowMs() {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+               std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+  }
 };
 
 }  // namespace bq

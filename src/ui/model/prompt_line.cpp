@@ -108,11 +108,16 @@ std::string Turn(const PromptFacts& f, const Who& who) {
 
 std::string PromptLine(const PromptFacts& f) {
   const Who who = Opponent(f.vs_computer, f.opponent);
+  if (f.silent)
+    return Join(f.news,
+                "No word from your opponent for 30 s. They may still be thinking; if a message "
+                "was lost, Quit This Game ends the game for both.");
   switch (f.step) {
     case Step::kBetweenGames:
-      return Join(f.result, f.can_start
-                                ? "Choose the play options, then start a new game (F2)."
-                                : "Set up the connection with your opponent to start a game.");
+      return Join(f.news,
+                  Join(f.result,
+                       f.can_start ? "Choose the play options, then start a new game (F2)."
+                                   : "Set up the connection with your opponent to start a game."));
     case Step::kResult:
       return Join(f.news, Join(f.result, "Click the result button to continue (Enter)."));
     case Step::kTheirMove:

@@ -47,6 +47,7 @@ struct PromptFacts {
   std::string result;  // the last game's result, kept until the next game
   std::string hint;    // the Hint's advice, said until the player takes a step of their own
   std::string notice;  // kNotice: what happened
+  bool silent = false;   // this copy has waited long for the remote player without a word
 };
 
 std::string PromptLine(const PromptFacts& facts);

@@ -38,24 +38,42 @@ bool AskAbandon(QWidget* parent, bool& dont_ask_again) {
 
 FrontEnd::FrontEnd(AppModel& app) : app_(app), data_dir_(DataDir(ExecutableDir())) {
   game_ = std::make_unique<GameWindow>(*this, app_.game());
-  if (net::Link* link = app_.link())
+  if (net::Link* link = app_.link()) {
     link->SetReceiver([this](const std::string& message) { Receive(message); });
+    link->SetStrangerReporter([this](const std::string& host, int port) {
+      if (!app_.game().StrangerIsNew(host, port)) return;  // a flood costs no redrawing
+      arrived_.push_back({"", host, port});
+      if (!busy_) HandleArrivals();
+    });
+  }
+  clock_.setInterval(1000);
+  connect(&clock_, &QTimer::timeout, this, [this] {
+    if (!busy_ && !finished_ && app_.game().SilenceDue())
+      Dispatch([this] {
+        app_.Tick();
+        return AppModel::Result::kDone;
+      });
+  });
+  clock_.start();
 }
 
 // A datagram is an event like a click. One that comes while another event is being handled (a
 // message box runs its own event loop) waits until that event is over.
 void FrontEnd::Receive(const std::string& message) {
-  arrived_.push_back(message);
+  arrived_.push_back({message, "", 0});
   if (!busy_) HandleArrivals();
 }
 
 void FrontEnd::HandleArrivals() {
   busy_ = true;
   while (!arrived_.empty() && !finished_) {
-    const std::string next = arrived_.front();
+    const Arrival next = arrived_.front();
     arrived_.erase(arrived_.begin());
     Dispatch([&] {
-      app_.Receive(next);
+      if (next.stranger_host.empty())
+        app_.Receive(next.message);
+      else
+        app_.Stranger(next.stranger_host, next.stranger_port);
       return AppModel::Result::kDone;
     });
   }

@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QPoint>
 #include <QString>
+#include <QTimer>
 #include <functional>
 #include <map>
 #include <memory>
@@ -82,8 +83,15 @@ class FrontEnd : public QObject, public WindowHost {
   std::unique_ptr<ConfirmClearDialog> confirm_;
   // The plainer windows: About, How To Play, and any drawn generically.
   std::map<std::string, std::unique_ptr<ModelWindow<QWidget>>, std::less<>> others_;
-  bool busy_ = false;                 // an event is being handled
-  std::vector<std::string> arrived_;  // datagrams that came during it, handled after it
+  bool busy_ = false;  // an event is being handled
+  // Datagrams that came during it, handled after it; a stranger's carries its sender.
+  struct Arrival {
+    std::string message;
+    std::string stranger_host;
+    int stranger_port = 0;
+  };
+  std::vector<Arrival> arrived_;
+  QTimer clock_;  // the model's Tick, so that a silent opponent is told
   std::string pending_popup_;
   QPoint popup_pos_;
   bool finished_ = false;

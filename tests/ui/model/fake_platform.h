@@ -27,9 +27,11 @@ class FakePlatform : public Platform {
   void WindowClosed(const std::string& w) override { windows.push_back("closed " + w); }
   void Warn(const std::string& text) override { warnings.push_back(text); }
   void Notice(const std::string& text) override { notices.push_back(text); }
+  std::int64_t NowMs() override { return now_ms; }
 
   int clicks = 0;
   int screen_width = 1920;
+  std::int64_t now_ms = 0;
   std::vector<std::string> opened, messages, details, windows, warnings, notices;
 
  private:

@@ -176,9 +176,19 @@ TEST(Game, AStackDealtInOrderWinsAndPlayStillBegins) {
     EXPECT_TRUE(g.C("cmdAWins").visible && g.C("cmdAWins").enabled);
     if (switchem) {
       EXPECT_TRUE(g.C("cmdSwitchemA").visible && g.C("cmdSwitchemA").enabled);
+      // The player's Switchem breaks the order; the win stands, counted once.
+      g.Press({"lblCardA(1)", "lblCardA(2)", "cmdSwitchemA"});
+      EXPECT_EQ(g.Field("TurnResult"), "1");
+      EXPECT_NE(g.file.Read().find("Wins7=1"), std::string::npos);
     } else {
       EXPECT_TRUE(g.C("lblDiscardPile").enabled && g.C("lblDrawPile").enabled);
-      EXPECT_TRUE(g.Click("lblDrawPile"));  // the first turn is the player's
+      // The first turn is the player's. The Stack is still in order after the computer's reply,
+      // but the game was decided at the deal: it is recorded once, and play goes on.
+      g.Press({"lblDrawPile", "cmdPlayA"});
+      EXPECT_EQ(g.Field("MoveCountB"), "1");
+      EXPECT_EQ(g.Field("TurnResult"), "1");
+      EXPECT_NE(g.file.Read().find("Wins7=1"), std::string::npos);
+      EXPECT_TRUE(g.C("cmdAWins").visible && g.C("lblDrawPile").enabled);
     }
   }
 }
@@ -209,6 +219,24 @@ TEST(JudgementDisplay, FollowsEveryMarkingPassAndLeavesTheCardsToLearnMode) {
   for (int p = 1; p <= 10; ++p)
     shown += (p > 1 ? " " : "") + g.C("lblGoodBad(" + std::to_string(p) + ")").caption;
   EXPECT_EQ(shown, g.Field("Marks"));
+}
+
+TEST(JudgementDisplay, LearnModeOffTakesItDownAndAGameItShowedIsNotCounted) {
+  Game g;
+  ASSERT_TRUE(g.model.ClickBackground(true));
+  ASSERT_TRUE(g.Click("optLearnModeOff"));
+  EXPECT_FALSE(g.model.judgement_shown());
+  EXPECT_FALSE(g.C("lblRangeA(1)").visible);
+  EXPECT_EQ(g.Field("LearnMode"), "0");
+  // On and off again during the game: the computer's cards were on show, so the win counts not.
+  g.NewGameAFirst();
+  ASSERT_TRUE(g.model.ClickBackground(true));
+  ASSERT_TRUE(g.model.ClickBackground(true));
+  EXPECT_EQ(g.Field("LearnMode"), "0");
+  WinningPosition(g);
+  g.Press({"lblDiscardPile", "lblCardA(10)", "cmdPlayA"});
+  EXPECT_TRUE(g.C("cmdAWins").visible);
+  EXPECT_FALSE(std::ifstream(g.file.path()).good());
 }
 
 TEST(Game, AFailedSaveIsToldOnceInTheWindowWithItsReason) {

@@ -41,7 +41,8 @@ struct Copy {
 };
 
 // Two copies joined by an in-memory link, each set up against the other: "a" on port 1001,
-// "b" on 1002. Nothing travels until Pump().
+// "b" on 1002. Nothing travels until Pump(). The relay loses the next message that starts with
+// `lose`, if any.
 struct Match {
   explicit Match(unsigned seed = 1) : a(seed), b(seed + 1000) {
     auto [la, lb] = net::MemoryLink::Pair();
@@ -50,10 +51,14 @@ struct Match {
     Join(a, *link_a, "1001", "1002");
     Join(b, *link_b, "1002", "1001");
   }
-  static void Join(Copy& c, net::MemoryLink& link, const std::string& mine,
-                   const std::string& theirs) {
+  void Join(Copy& c, net::MemoryLink& link, const std::string& mine, const std::string& theirs) {
     c.app.SetLink(&link);
-    link.SetReceiver([&c](const std::string& m) { c.app.Receive(m); });
+    link.SetReceiver([this, &c](const std::string& m) {
+      if (!lose.empty() && m.rfind(lose, 0) == 0) return lose.clear();
+      c.app.Receive(m);
+    });
+    link.SetStrangerReporter(
+        [&c](const std::string& host, int port) { c.app.Stranger(host, port); });
     c.Press({"optVsHuman", "cmdSetupRemoteOpponent"});
     ASSERT_TRUE(c.Type("frmCommunicate.txtPortA", mine));
     ASSERT_TRUE(c.Type("frmCommunicate.txtIPB", " 127.0.0.1 "));
@@ -74,6 +79,7 @@ struct Match {
 
   Copy a, b;
   std::unique_ptr<net::MemoryLink> link_a, link_b;
+  std::string lose;
 };
 
 }  // namespace bq::test
@@ -202,7 +208,7 @@ TEST(Remote, TheStatusBarTellsWhatWasSentAndReceived) {
   EXPECT_EQ(m.b.Panel(3), "Acceptance sent");
   EXPECT_EQ(m.b.Panel(4).size(), 20u);  // a deal is too long: the panel shows a part
   EXPECT_TRUE(m.a.Up("cmdQuit"));
-  EXPECT_FALSE(m.b.Up("cmdQuit"));  // the invited side cannot quit: as designed
+  EXPECT_TRUE(m.b.Up("cmdQuit"));
   // The invited side moves first; the dealer waits with its cards out of reach.
   EXPECT_EQ(m.b.Field("TurnOwner"), "1");
   EXPECT_FALSE(m.a.Click("lblDiscardPile"));
@@ -305,11 +311,206 @@ TEST(Remote, RejectionQuitAndExitEachLeaveAWayBack) {
   ASSERT_TRUE(m.b.Click("cmdQuitReceived"));
   EXPECT_TRUE(m.b.Up("cmdNew"));
 
-  // Only a copy that was invited announces its exit (its receipt: two_copies_test).
+  // A copy that only ever invited says nothing when it closes between games, but mid-game it
+  // tells the opponent, who then plays the computer again.
+  m.Start();
   ASSERT_EQ(m.a.app.Close("frmGame"), AppModel::Result::kDone);
-  EXPECT_EQ(m.link_a->waiting(), 0);
-  ASSERT_EQ(m.b.app.Close("frmGame"), AppModel::Result::kDone);
   EXPECT_EQ(m.link_a->waiting(), 1);
+  m.Pump();
+  ASSERT_TRUE(m.b.Click("cmdExitReceived"));
+  EXPECT_EQ(m.b.Field("VsComputer"), "1");
+  EXPECT_TRUE(m.b.Up("cmdNew"));
+}
+
+// Any one message lost on the way: whoever waits in vain presses Quit This Game, and both are
+// back where New Game works, without closing the program.
+class LostMessage : public testing::TestWithParam<const char*> {};
+
+TEST_P(LostMessage, BothPlayersGetBackToNewGame) {
+  Match m;
+  m.lose = GetParam();
+  // The exchange goes on as far as it can: a invites, b accepts, b passes, a quits.
+  ASSERT_TRUE(m.a.Click("cmdNew"));
+  m.Pump();
+  if (m.b.app.IsOpen("frmInvitation")) {
+    ASSERT_TRUE(m.b.Click("frmInvitation.cmdYes"));
+  }
+  m.Pump();
+  if (m.b.Up("lblDrawPile")) m.b.Press({"lblDrawPile", "cmdPlayA"});
+  m.Pump();
+  if (m.lose == "quit") {
+    ASSERT_TRUE(m.a.Click("cmdQuit"));
+  }
+  m.Pump();
+  ASSERT_EQ(m.lose, "") << "nothing lost";
+  for (Copy* c : {&m.b, &m.a})
+    if (c->Up("cmdQuit")) {
+      ASSERT_TRUE(c->Click("cmdQuit"));
+      m.Pump();
+    }
+  for (Copy* c : {&m.a, &m.b}) {
+    if (c->Up("cmdQuitReceived")) {
+      ASSERT_TRUE(c->Click("cmdQuitReceived"));
+    }
+    EXPECT_TRUE(c->Up("cmdNew"));
+    EXPECT_FALSE(c->Up("cmdQuit"));
+    EXPECT_FALSE(c->app.IsOpen("frmInvitation"));
+  }
+  m.Start();
+  m.b.Press({"lblDrawPile", "cmdPlayA"});
+  m.Pump();
+  EXPECT_EQ(m.a.Field("MoveCountB"), "1");
+  ExpectAgreement(m.a, m.b);
+}
+
+INSTANTIATE_TEST_SUITE_P(Remote, LostMessage,
+                         testing::Values("invi", "acce", "setu", "pass", "quit"));
+
+TEST(Remote, DealsWithEitherDrawPileLengthArePlayedAlikeThroughARenewal) {
+  for (const bool dealer_short : {true, false}) {
+    SCOPED_TRACE(dealer_short);
+    Match m(5);
+    // Stackem on and off again leaves a 59-card Draw Pile; a fresh copy deals 79.
+    Copy& shorter = dealer_short ? m.a : m.b;
+    shorter.Press({"chkStackem", "chkStackem"});
+    ASSERT_EQ(shorter.Field("DrawCount"), "59");
+    m.Start();
+    const int d = dealer_short ? 59 : 79;
+    ASSERT_EQ(m.b.Field("DrawCount"), std::to_string(d));
+    test::ExpectEveryCardOnce(m.b.app.game().state());
+    // Both pass until the Draw Pile has come round again.
+    for (int move = 0; move < d + 5; ++move) {
+      (move % 2 == 0 ? m.b : m.a).Press({"lblDrawPile", "cmdPlayA"});
+      m.Pump();
+      ExpectAgreement(m.a, m.b);
+      if (testing::Test::HasFatalFailure()) return;
+    }
+    EXPECT_EQ(m.b.Field("DrawPos"), "6");
+    // Once the game is over, the receiving copy deals its own length again.
+    m.a.Press({"cmdQuit"});
+    m.Pump();
+    EXPECT_EQ(m.b.Field("DrawCount"), dealer_short ? "79" : "59");
+  }
+}
+
+TEST(Remote, EveryInvitationIsHeardAndAnsweredAndADealCountsOnlyAfterYes) {
+  Match m;
+  net::Deal unasked;
+  for (int k = 0; k < 10; ++k) {
+    unasked.receiver_stack[static_cast<size_t>(k)] = k + 1;
+    unasked.sender_stack[static_cast<size_t>(k)] = k + 11;
+  }
+  unasked.discard = 21;
+  for (int i = 0; i < 79; ++i) unasked.draw[static_cast<size_t>(i)] = i + 22;
+  const auto deal_arrives = [&](Copy& c) {
+    const std::string before = c.app.game().state().ToString();
+    (&c == &m.a ? m.link_a : m.link_b)
+        ->Arrive("127.0.0.1", &c == &m.a ? 1002 : 1001, net::Encode(unasked));
+    m.Pump();
+    EXPECT_EQ(c.Panel(2), "Bad data received");
+    EXPECT_EQ(c.app.game().state().ToString(), before);
+  };
+  deal_arrives(m.b);  // between games
+  // b has gone back to the computer: the invitation is heard all the same. Closing the dialog by
+  // its frame says No, and both can start again.
+  ASSERT_TRUE(m.b.Click("optVsComputer"));
+  ASSERT_TRUE(m.a.Click("cmdNew"));
+  m.Pump();
+  ASSERT_TRUE(m.b.app.IsOpen("frmInvitation"));
+  EXPECT_FALSE(m.b.Up("cmdNew"));
+  ASSERT_EQ(m.b.app.Close("frmInvitation"), AppModel::Result::kDone);
+  EXPECT_TRUE(m.b.Up("cmdNew"));
+  deal_arrives(m.b);  // after No
+  m.Pump();
+  ASSERT_TRUE(m.a.Click("cmdInvitationRejected"));
+  // A quit while the dialog is up takes it down unanswered.
+  ASSERT_TRUE(m.a.Click("cmdNew"));
+  m.Pump();
+  ASSERT_TRUE(m.a.Click("cmdQuit"));
+  m.Pump();
+  EXPECT_FALSE(m.b.app.IsOpen("frmInvitation"));
+  ASSERT_TRUE(m.b.Click("cmdQuitReceived"));
+  EXPECT_TRUE(m.b.Up("cmdNew"));
+  // Yes, and the deal makes the person b's opponent; a second deal mid-game is refused.
+  m.Start();
+  EXPECT_EQ(m.b.Field("VsComputer"), "0");
+  EXPECT_EQ(m.b.C("optVsHuman").value, 1);
+  deal_arrives(m.b);
+  // a's quit is lost and a invites again: the game left on b's board is over, even after a No.
+  m.lose = "quit";
+  m.a.Press({"cmdQuit", "cmdNew"});
+  m.Pump();
+  ASSERT_TRUE(m.b.Click("frmInvitation.cmdNo"));
+  EXPECT_TRUE(m.b.Up("cmdNew"));
+}
+
+TEST(Remote, NothingIsSentIntoTheVoidAndNobodyPeeks) {
+  Match m;
+  ASSERT_TRUE(m.a.Click("chkSmackem"));
+  m.Start();
+  // b's Smackem: the opponent's cards are picked face down, and only the two moved show.
+  m.b.Press({"cmdSetupSmackemA", "lblCardB(1)", "lblCardB(2)", "cmdSmackemA"});
+  m.Pump();
+  // Taking the Smackem in plays no click of its own.
+  const int clicks = m.a.platform.clicks;
+  ASSERT_TRUE(m.a.Click("cmdSmackemB"));
+  EXPECT_EQ(m.a.platform.clicks, clicks);
+  // a un-marks its card, or the Discard Pile: with nothing chosen the button waits.
+  m.a.Press({"lblDiscardPile", "lblCardA(2)"});
+  EXPECT_TRUE(m.a.Up("cmdPlayA"));
+  m.a.Press({"lblCardA(2)"});
+  EXPECT_FALSE(m.a.Up("cmdPlayA"));
+  m.a.Press({"lblCardA(3)", "lblDiscardPile"});
+  EXPECT_FALSE(m.a.Up("cmdPlayA"));
+  m.a.Press({"lblDrawPile"});
+  m.a.Press({"cmdPlayA"});  // a pass is a move
+  m.Pump();
+  EXPECT_EQ(m.b.Field("MoveCountB"), "1");
+  for (int p = 3; p <= 10; ++p) {
+    const Control& card = m.b.C("lblCardB(" + std::to_string(p) + ")");
+    EXPECT_TRUE(!card.visible || card.caption == " ") << p << " shows " << card.caption;
+  }
+  // The computer's judgement is no way to see a person's Stack.
+  EXPECT_EQ(m.b.app.ClickBackground(true), AppModel::Result::kIgnored);
+  EXPECT_EQ(m.b.Field("LearnMode"), "0");
+}
+
+TEST(Remote, SilenceAndStrangersAreExplainedOnThePromptLine) {
+  const std::string silence =
+      "No word from your opponent for 30 s. They may still be thinking; if a message was lost, "
+      "Quit This Game ends the game for both.";
+  const std::string stranger =
+      "Ignored a message from 127.0.0.2:5672: not your opponent's address.";
+  const auto says = [](Copy& c, const std::string& text) {
+    return c.C("lblPrompt").caption.find(text) != std::string::npos;
+  };
+  Match m;
+  ASSERT_TRUE(m.a.Click("cmdNew"));
+  m.Pump();
+  // a waits for the answer, b thinks it over.
+  m.a.platform.now_ms = 29999;
+  m.a.app.Tick();
+  EXPECT_FALSE(says(m.a, silence));
+  m.a.platform.now_ms = 30000;
+  m.a.app.Tick();
+  EXPECT_TRUE(says(m.a, silence));
+  EXPECT_FALSE(says(m.b, silence));  // b is not waiting for anybody
+  ASSERT_TRUE(m.b.Click("frmInvitation.cmdYes"));
+  m.Pump();
+  EXPECT_FALSE(says(m.a, silence));
+  // Now a waits for b's first move: the count starts again.
+  m.a.platform.now_ms = 59999;
+  m.a.app.Tick();
+  EXPECT_FALSE(says(m.a, silence));
+  // A stranger is named once; the game goes on untouched.
+  m.link_a->Arrive("127.0.0.2", 5672, "quit");
+  EXPECT_TRUE(says(m.a, stranger));
+  EXPECT_FALSE(m.a.Up("cmdQuitReceived"));
+  m.link_a->Arrive("127.0.0.1", 1003, "quit");
+  EXPECT_TRUE(says(m.a, "127.0.0.1:1003"));
+  m.link_a->Arrive("127.0.0.2", 5672, "quit");
+  EXPECT_FALSE(says(m.a, stranger));
+  EXPECT_EQ(m.Pump(), 0);
 }
 
 // Under the invitation, who sends it; in the next run the dialog offers the connection last set

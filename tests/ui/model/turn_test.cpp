@@ -52,6 +52,7 @@ TEST(TurnA, ClickingTheMarkedCardAgainLeavesOnlyThePileMarked) {
   ASSERT_TRUE(g.Click("lblCardA(4)"));
   EXPECT_EQ(g.C("lblCardA(4)").marked, 0);
   EXPECT_EQ(g.C("lblDiscardPile").marked, 1);
+  EXPECT_TRUE(g.C("cmdPlayA").enabled);  // against the computer an empty move spends the turn
   ASSERT_TRUE(g.Click("lblDiscardPile"));
   EXPECT_EQ(g.C("lblDiscardPile").marked, 0);
   EXPECT_EQ(g.Field("MoveCountA"), "0");
