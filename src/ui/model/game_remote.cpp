@@ -187,7 +187,7 @@ void GameModel::OnMessage(const net::Deal& s) {
   SetLearnMode(s.learn_mode);
   // The dealer's Draw Pile, however long, so that both copies renew it at the same move; this
   // copy's own length comes back when the game is over.
-  own_draw_count_ = g_.draw_count;
+  if (own_draw_count_ == 0) own_draw_count_ = g_.draw_count;
   g_.draw_count = s.draw_count;
   // The deck in the deal's order and the cards out of play after it, so that the next shuffle
   // here starts from a whole deck.
