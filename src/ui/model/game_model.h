@@ -117,8 +117,8 @@ class GameModel : public WindowModel {
   // A game that would be recorded if it were played out: dealt, undecided, not in Learn Mode.
   // Quitting it or leaving the program loses it.
   bool counted_game_running() const {
-    return game_running_ && !game_over_ && !learn_mode_ && !session_.awaiting_answer() &&
-           !cmdInvitationRejected.visible;
+    return game_running_ && !game_over_ && !learn_mode_ &&
+           session_.phase() != net::Session::Phase::kInviting && !cmdInvitationRejected.visible;
   }
   // Ours, kept in the settings file: whether the window asks before such a game is abandoned.
   bool ask_before_abandoning() const { return ask_before_abandoning_; }
@@ -372,7 +372,7 @@ class GameModel : public WindowModel {
   bool remote_switch_awaited_ = false;
   bool remote_move_due_ = false;  // the opponent's turn has begun here and its move not come
   std::string save_notice_;
-  int own_draw_count_ = 0;        // this copy's Draw Pile length while it plays a received deal's
+  int own_draw_count_ = 0;  // this copy's Draw Pile length while it plays a received deal's
   std::int64_t waiting_since_ms_ = -1;  // when this copy began to wait for the opponent
   bool silence_told_ = false;
   std::set<std::string> strangers_;  // senders already named on the prompt line
