@@ -87,11 +87,11 @@ void BoardTable::SetStackSize(int n) {
 }
 
 BoardTable::Fonts BoardTable::FontsFor(double font_px) const {
-  const double ui = QFontInfo(font()).pixelSize();
+  // Every text on the table follows the cards, below the window's font too: at small cards a
+  // heading in the desktop's size would dwarf the numerals it names.
   const double beside = font_px * kBeside;
-  const double label = std::max(ui, beside);
   return {Sized(CardFont(), beside, false), Sized(font(), beside, false),
-          Sized(font(), label, false), Sized(font(), label, true)};
+          Sized(font(), beside, false), Sized(font(), beside, true)};
 }
 
 BoardTable::Sizes BoardTable::Measure(double font_px, int n) const {
@@ -108,15 +108,20 @@ BoardTable::Sizes BoardTable::Measure(double font_px, int n) const {
   s.key_w = keys.horizontalAdvance(QStringLiteral("\u21e70")) + 6;
   s.heading_h = bold.height() + 4;
   s.line_h = label.lineSpacing();
-  // The set-up buttons need their captions' room, not a style's wider default.
+  // The set-up buttons need their captions' room, not a style's wider default, and the headings
+  // theirs: neither is cut off, whatever the font.
   s.setup_w = s.range_w + s.card_w;
-  double captions = 0;
+  double widest = 0;  // the two share the row in halves
   for (QWidget* button : a.setups)
     if (button != nullptr)
-      captions += label.horizontalAdvance(button->property("text").toString()) + 28 + kColumnGap;
-  s.setup_w = std::max(s.setup_w, captions);
+      widest = std::max(widest, label.horizontalAdvance(button->property("text").toString()) +
+                                    label.height() + 8);
+  s.setup_w = std::max(s.setup_w, 2 * widest + kColumnGap);
   s.setup_h = label.height() + 10;
   s.stack_w = s.setup_w;
+  for (QLabel* heading : {a.heading, b.heading})
+    if (heading != nullptr)
+      s.stack_w = std::max(s.stack_w, bold.horizontalAdvance(heading->text()) + 4);
   s.width = 2 * s.stack_w + s.verdict_w + 3 * kColumnGap + s.key_w + kPilesGap + 2 * s.pile_w +
             kBetweenPiles;
   s.height = s.heading_h + n * s.card_h + (n - 1) * kRowGap + kBelowRows + s.setup_h;
@@ -197,8 +202,10 @@ void BoardTable::Arrange() {
     Place(a.backs[i], Round(a_card, y, s.card_w, s.card_h));
   }
   const double setup_y = rows + n_ * (s.card_h + kRowGap) - kRowGap + kBelowRows;
-  for (const auto& [side, left, width] : {std::tuple{&b, b_range, verdict + s.verdict_w - b_range},
-                                          std::tuple{&a, a_range, s.range_w + s.card_w}}) {
+  // Under the cards, at the inner side of the column like them, as wide as their captions need.
+  const double b_setup = std::max(s.setup_w, s.range_w + s.card_w + s.verdict_w);
+  for (const auto& [side, left, width] : {std::tuple{&b, verdict + s.verdict_w - b_setup, b_setup},
+                                          std::tuple{&a, a_range, s.setup_w}}) {
     const double half = (width - kColumnGap) / 2;
     Place(side->setups[0], Round(left, setup_y, half, s.setup_h));
     Place(side->setups[1], Round(left + half + kColumnGap, setup_y, half, s.setup_h));
@@ -246,7 +253,7 @@ void BoardTable::ApplyFonts(const Fonts& f) {
 }
 
 constexpr int kAreaMargin = 6;
-constexpr int kAreaWidth = 300;  // the narrowest a prompt is laid out
+constexpr int kAreaEms = 25;  // the narrowest a prompt is laid out, in the font's pixel size
 
 PromptArea::PromptArea(QWidget* parent) : QFrame(parent) {
   setFrameShape(QFrame::StyledPanel);
@@ -277,8 +284,9 @@ int PromptArea::PlaceHeight(int width) const {
 }
 
 QSize PromptArea::sizeHint() const {
-  const int inner = std::max(kAreaWidth, width() - 2 * kAreaMargin);
-  return {kAreaWidth + 2 * kAreaMargin, 2 * PlaceHeight(inner) + 3 * kAreaMargin};
+  const int narrowest = kAreaEms * QFontInfo(font()).pixelSize();
+  const int inner = std::max(narrowest, width() - 2 * kAreaMargin);
+  return {narrowest + 2 * kAreaMargin, 2 * PlaceHeight(inner) + 3 * kAreaMargin};
 }
 
 void PromptArea::changeEvent(QEvent* event) {

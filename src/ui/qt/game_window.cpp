@@ -39,9 +39,10 @@ namespace {
 
 constexpr double kBaseWidthTwips = 9105;
 constexpr double kBaseHeightTwips = 5235;
-// The side panel's and the prompt line's texts against the card faces, once the cards have grown
-// past their comfortable size; below it they keep the window's font.
+// The side panel's and the prompt line's texts against the card faces: once the cards have grown
+// past their comfortable size, and below the window's font.
 constexpr double kTextPerFace = 1 / 1.3;
+constexpr double kBesidePerFace = 0.9;
 constexpr int kColumnSpacing = 12;
 constexpr int kRowSpacing = 4;
 
@@ -455,21 +456,21 @@ void GameWindow::FitToContents() {
 
 void GameWindow::Rescale() {
   // The largest scale of the side panel's texts at which the table's cards, in what room is
-  // left, still have faces of at least the matching size. Sizes at a scale are the panel's at
-  // the window's font, grown in proportion: a little generous, since not all of it grows.
+  // left, still have faces larger than those texts: by a margin once they have grown past their
+  // comfortable size, by that of the texts on the table below it.
   const QMargins m = central_->layout()->contentsMargins();
   const QSize room = central_->size().shrunkBy(m);
-  const QSize base = side_->baseSize();
   const int n = table_->stackSize();
   const double ui = QFontInfo(font()).pixelSize();
   auto fits = [&](double s) {
+    const QSizeF side = side_->SizeAt(s);
     const int line = static_cast<int>(std::ceil(prompt_line_height_ * s));
-    const QSize table(room.width() - kColumnSpacing - static_cast<int>(std::ceil(base.width() * s)),
+    const QSize table(room.width() - kColumnSpacing - static_cast<int>(std::ceil(side.width())),
                       room.height() - kRowSpacing - line);
-    return base.height() * s <= table.height() &&
-           table_->FitFont(table, n) * kTextPerFace >= ui * s;
+    return side.height() <= table.height() &&
+           table_->FitFont(table, n) * (s < 1 ? kBesidePerFace : kTextPerFace) >= ui * s;
   };
-  double low = 1, high = 4;
+  double low = SidePanel::kSmallest, high = 4;
   while (high - low > 0.02) {
     const double mid = (low + high) / 2;
     (fits(mid) ? low : high) = mid;
@@ -479,10 +480,10 @@ void GameWindow::Rescale() {
 
 void GameWindow::ScaleTexts(double scale) {
   side_->SetScale(scale);
-  const int px = static_cast<int>(std::lround(QFontInfo(font()).pixelSize() * scale));
+  const int px = static_cast<int>(std::lround(QFontInfo(font()).pixelSize() * side_->scale()));
   if (QFontInfo(prompt_line_->font()).pixelSize() != px) {
     QFont text;  // the size only
-    if (scale > 1) text.setPixelSize(px);
+    if (px != QFontInfo(font()).pixelSize()) text.setPixelSize(px);
     prompt_line_->setFont(text);
   }
 }

@@ -16,12 +16,27 @@ SidePanel::SidePanel(QWidget* parent) : QWidget(parent) {
 
 void SidePanel::Measure(int extra) {
   extra_ = extra;
-  base_ = {layout()->sizeHint().width() + extra, layout()->minimumSize().height()};
+  auto measure = [&] {
+    layout()->invalidate();
+    layout()->activate();
+    return QSize(layout()->sizeHint().width() + static_cast<int>(extra * scale_),
+                 layout()->minimumSize().height());
+  };
+  SetScale(kSmallest);
+  small_ = measure();
+  SetScale(1);
+  base_ = measure();
   updateGeometry();
 }
 
+QSizeF SidePanel::SizeAt(double scale) const {
+  if (scale >= 1) return QSizeF(base_) * scale;
+  const double t = (scale - kSmallest) / (1 - kSmallest);
+  return QSizeF(small_) + (QSizeF(base_) - QSizeF(small_)) * std::max(0.0, t);
+}
+
 void SidePanel::SetScale(double scale) {
-  scale = std::max(1.0, scale);
+  scale = std::max(kSmallest, scale);
   const int ui = QFontInfo(QApplication::font(this)).pixelSize();
   const int px = static_cast<int>(std::lround(ui * scale));
   if (px == QFontInfo(font()).pixelSize() && scale_ == scale) return;
@@ -34,8 +49,8 @@ void SidePanel::SetScale(double scale) {
 
 QSize SidePanel::sizeHint() const {
   const QSize natural = layout()->sizeHint();
-  return {std::max(base_.width(), natural.width() + static_cast<int>(extra_ * scale_)),
-          std::max(base_.height(), natural.height())};
+  return {std::max(small_.width(), natural.width() + static_cast<int>(extra_ * scale_)),
+          std::max(small_.height(), natural.height())};
 }
 
 MoveList::MoveList(QWidget* parent) : QFrame(parent) {
@@ -68,7 +83,7 @@ void MoveList::Arrange() {
     int h = label->text().isEmpty() ? 0 : label->heightForWidth(inner.width());
     // Whole lines only: the last entry that fits in part ends at a line's end.
     const int line = label->fontMetrics().lineSpacing();
-    h = std::clamp(h, 0, std::max(0, (inner.bottom() - y) / line * line));
+    h = std::clamp(h, 0, std::max(0, (inner.y() + inner.height() - y) / line * line));
     // Beyond the bottom an entry waits, out of sight, for more room.
     label->setGeometry(inner.left(), y, inner.width(), h);
     y += h + (h > 0 ? 3 : 0);
@@ -81,7 +96,8 @@ QSize MoveList::sizeHint() const {
 
 QSize MoveList::minimumSizeHint() const {
   // The title and the newest move's first line: at the smallest window there is no more room.
-  return {120, title_->sizeHint().height() + fontMetrics().lineSpacing() + 12};
+  return {120,
+          title_->sizeHint().height() + 2 + fontMetrics().lineSpacing() + 8 + 2 * frameWidth()};
 }
 
 void MoveList::resizeEvent(QResizeEvent* event) {

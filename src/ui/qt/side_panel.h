@@ -8,25 +8,28 @@ class QLabel;
 
 namespace bq::qt {
 
-// The column beside the table: options, game buttons, prompts and the move list. Its texts grow
-// with the cards, from the window's font up; it never asks for less room than at that font, so a
-// window that shrinks can always bring it back down.
+// The column beside the table: options, game buttons, prompts and the move list. Its texts follow
+// the cards, down to kSmallest of the window's font and up; it never asks for less room than at
+// the smallest, so a window that shrinks can always bring it back down.
 class SidePanel : public QWidget {
   Q_OBJECT
  public:
+  static constexpr double kSmallest = 0.65;
   explicit SidePanel(QWidget* parent = nullptr);
-  // Call once the contents are in: notes the panel's size at the window's font, with `extra`
-  // width for captions that turn bold during a game.
+  // Call once the contents are in: notes the panel's size at the window's font and at the
+  // smallest, with `extra` width for captions that turn bold during a game.
   void Measure(int extra);
-  QSize baseSize() const { return base_; }
+  // The room the panel takes with its texts at `scale`: measured up to the window's font, grown
+  // in proportion beyond it (a little generous, since not all of it grows).
+  QSizeF SizeAt(double scale) const;
   // Texts at `scale` times the window's font; the width follows.
   void SetScale(double scale);
   double scale() const { return scale_; }
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return base_; }
+  QSize minimumSizeHint() const override { return small_; }
 
  private:
-  QSize base_;
+  QSize base_, small_;
   double scale_ = 1;
   int extra_ = 0;
 };

@@ -2,6 +2,7 @@
 #include <QFontInfo>
 #include <QLabel>
 #include <QMenu>
+#include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QtTest>
@@ -11,6 +12,7 @@
 #include "qt_fixture.h"
 #include "store/settings.h"
 #include "ui/qt/board_table.h"
+#include "ui/qt/card_widget.h"
 #include "ui/qt/generic_window.h"
 
 using namespace bq;
@@ -325,20 +327,29 @@ class GameWindowTest : public QObject {
              qPrintable(QStringLiteral("%1x%2").arg(smallest.width()).arg(smallest.height())));
     auto px = [&](const char* name) { return QFontInfo(s.find(name)->font()).pixelSize(); };
     const int ui = QFontInfo(QApplication::font()).pixelSize();
-    // No text beside a card is larger than its numerals; the rest grows with the cards.
+    // No text on the board is larger than the cards' numerals, at any size; they grow together.
     auto in_proportion = [&] {
       QCoreApplication::processEvents();
-      const double face = w->table()->cardFontSize();
-      QVERIFY(px("lblRangeA(1)") <= face && px("lblGoodBad(20)") <= face);
-      QVERIFY(px("lblMoveCountA") >= std::min<double>(face * 0.85, ui));
+      const double face = CardFontFor(s.find("lblCardA(1)")->size());
+      for (const char* text :
+           {"lblRangeA(1)", "lblGoodBad(20)", "lblStackB", "lblDraw", "lblMoveCountA",
+            "cmdSetupTakemA", "chkStackem", "cmdQuit", "lblPrompt", "lblMoveList(1)"})
+        QVERIFY2(px(text) <= face, qPrintable(QStringLiteral("%1: %2 px").arg(text).arg(px(text))));
+      QVERIFY(px("lblMoveCountA") >= face * 0.85 && px("chkStackem") >= face * 0.6);
       QVERIFY(s.find("frmPlayOptions")->mapTo(w, QPoint()).x() >=
               w->table()->mapTo(w, QPoint(w->table()->width(), 0)).x());
+      // Nothing cut off: a caption has the room it needs.
+      for (const char* button : {"cmdSetupSmackemB", "cmdSetupTakemA"}) {
+        auto* b = static_cast<QPushButton*>(s.find(button));
+        QVERIFY2(b->fontMetrics().horizontalAdvance(b->text()) < b->width(), button);
+      }
     };
     w->resize(smallest);
     in_proportion();
     const double small_font = w->table()->cardFontSize();
     const int small_card = s.find("lblCardA(1)")->height();
-    QCOMPARE(px("chkStackem"), ui);
+    const int small_text = px("chkStackem");
+    QVERIFY(small_text < ui);  // the panel gives way to small cards
     w->resize(1800, 1100);
     in_proportion();
     QVERIFY(w->table()->cardFontSize() > 1.5 * small_font);
@@ -347,7 +358,7 @@ class GameWindowTest : public QObject {
     QVERIFY(px("chkStackem") > ui && px("lblPrompt") == px("chkStackem"));
     w->resize(smallest);  // and back
     in_proportion();
-    QCOMPARE(px("chkStackem"), ui);
+    QCOMPARE(px("chkStackem"), small_text);
   }
 
   void windowPositionIsKeptInTwips() {

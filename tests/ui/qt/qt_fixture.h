@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -46,7 +47,13 @@ struct Session {
     return window()->findChild<T*>(QString::fromStdString(name));
   }
   void click(std::initializer_list<const char*> names) {
-    for (const char* name : names) QTest::mouseClick(find(name), Qt::LeftButton);
+    // On the caption, as a player would: a check box or option button wider than its caption
+    // takes no click beside it.
+    for (const char* name : names) {
+      QWidget* w = find(name);
+      QTest::mouseClick(w, Qt::LeftButton, {},
+                        QPoint(std::min(w->width(), w->sizeHint().width()) / 2, w->height() / 2));
+    }
   }
 
   QTemporaryDir dir;

@@ -171,14 +171,22 @@ class Screenshots : public QObject {
 void Screenshots::board() {
   const QPalette light = QApplication::palette();
   for (const bool dark : {false, true}) {
-    QApplication::setPalette(dark ? Dark() : light);
     const QString look = dark ? QStringLiteral("dark") : QStringLiteral("light");
     for (const char* cards : {"10", "20"}) {
       Session s(cards == QLatin1String("20") ? "[Options]\nSetStackem=1\nSetTakem=1\n"
                                              : "[Options]\nSetSmackem=1\n");
       QVERIFY(QTest::qWaitForWindowExposed(s.window()));
+      // The desktop turns dark while the window is open.
+      QApplication::setPalette(dark ? Dark() : light);
       s.click({"cmdNew", "lblDrawPile", "lblCardA(5)", "cmdPlayA"});
+      const QImage shot = Grab(s.window());
+      const QColor corner = shot.pixelColor(shot.width() - 4, shot.height() / 2);
+      QVERIFY2(dark == (corner.lightness() < 100), qPrintable(corner.name()));
       Save(s.window(), QStringLiteral("screenshot-board-%1-%2-%3.png").arg(Scale(), look, cards));
+      if (Scale() == QLatin1String("100")) {  // maximised on a 1920 x 1080 screen, less a panel
+        s.window()->resize(1920, 1080 - 62);
+        Save(s.window(), QStringLiteral("screenshot-board-1920x1080-%1-%2.png").arg(look, cards));
+      }
     }
     Session s;
     QTest::mouseClick(s.find("cmdNew"), Qt::LeftButton);
