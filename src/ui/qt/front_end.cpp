@@ -196,21 +196,6 @@ AppModel::Result FrontEnd::Close(const std::string& window) {
   return Dispatch([&] { return app_.Close(window); });
 }
 
-// A window first opens centred over the game window, as far as the screen allows.
-static void CentreOver(QWidget* w, QWidget* over) {
-  if (w == nullptr || over == nullptr) return;
-  w->adjustSize();
-  QPoint top_left = over->frameGeometry().center() - QPoint(w->width() / 2, w->height() / 2);
-  if (const QScreen* s = over->screen()) {
-    const QRect room = s->availableGeometry();
-    top_left.setX(
-        std::clamp(top_left.x(), room.left(), std::max(room.left(), room.right() - w->width())));
-    top_left.setY(
-        std::clamp(top_left.y(), room.top(), std::max(room.top(), room.bottom() - w->height())));
-  }
-  w->move(top_left);
-}
-
 void FrontEnd::WindowOpened(const std::string& window) {
   if (window == "mnuPopupForm" || window == "mnuPopupCard") {
     pending_popup_ = window;  // shown once the event is over and the menu is up to date
@@ -220,6 +205,7 @@ void FrontEnd::WindowOpened(const std::string& window) {
     if (!stats_) {
       stats_ = std::make_unique<StatsWindow>(*this, *app_.Window(window), game_.get());
       stats_->Refresh();
+      stats_->adjustSize();
       CentreOver(stats_.get(), game_.get());
     }
     stats_->Refresh();
@@ -240,6 +226,7 @@ void FrontEnd::WindowOpened(const std::string& window) {
     if (!view) {
       view = MakeWindow(window);
       view->Refresh();
+      view->adjustSize();
       CentreOver(view.get(), game_.get());
     }
     view->Refresh();

@@ -1,6 +1,8 @@
 #include "ui/qt/generic_window.h"
 
 #include <QCloseEvent>
+#include <QFontInfo>
+#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -45,6 +47,13 @@ GenericWindow::GenericWindow(FrontEnd& front, const WindowModel& model, QWidget*
   column->addStretch();
   column->addLayout(buttons);
   binder_.Apply();
+  // The title bar shows the caption whole: its font is often bold and larger than ours, and the
+  // bar's icon and buttons stand beside it.
+  QFont title = font();
+  title.setBold(true);
+  title.setPixelSize(QFontInfo(font()).pixelSize() * 6 / 5);
+  const QFontMetrics bar(title);
+  setMinimumWidth(bar.horizontalAdvance(windowTitle()) + 8 * bar.height());
 }
 
 }  // namespace bq::qt

@@ -5,15 +5,21 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QImage>
 #include <QKeyEvent>
 #include <QLibrary>
 #include <QMessageBox>
+#include <QPixmap>
 #include <QProcess>
 #include <QScreen>
 #include <QStandardPaths>
+#include <QStyle>
+#include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextDocument>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <chrono>
 #include <iostream>
 
@@ -51,7 +57,37 @@ class HelpWindow : public QWidget {
   }
 };
 
+// The widest picture of the document, so that the window can show each one whole.
+int WidestPicture(QTextDocument* doc) {
+  int widest = 0;
+  for (QTextBlock block = doc->begin(); block.isValid(); block = block.next())
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
+      const QTextCharFormat format = it.fragment().charFormat();
+      if (!format.isImageFormat()) continue;
+      const QVariant v =
+          doc->resource(QTextDocument::ImageResource, QUrl(format.toImageFormat().name()));
+      QImage image = qvariant_cast<QImage>(v);
+      if (image.isNull()) image = qvariant_cast<QPixmap>(v).toImage();
+      if (image.isNull()) image = QImage::fromData(v.toByteArray());
+      widest = std::max(widest, image.width());
+    }
+  return widest;
+}
+
 }  // namespace
+
+void CentreOver(QWidget* w, QWidget* over) {
+  if (w == nullptr || over == nullptr) return;
+  QPoint top_left = over->frameGeometry().center() - QPoint(w->width() / 2, w->height() / 2);
+  if (const QScreen* s = over->screen()) {
+    const QRect room = s->availableGeometry();
+    top_left.setX(
+        std::clamp(top_left.x(), room.left(), std::max(room.left(), room.right() - w->width())));
+    top_left.setY(
+        std::clamp(top_left.y(), room.top(), std::max(room.top(), room.bottom() - w->height())));
+  }
+  w->move(top_left);
+}
 
 void OpenWithDesktop(const QUrl& url, std::function<void()> failed, QObject* owner) {
   const QString program = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
@@ -138,11 +174,25 @@ void QtPlatform::ShowInBrowser(const QUrl& url) {
     help_browser_ = new QTextBrowser(help_window_.get());
     help_browser_->setOpenExternalLinks(true);
     column->addWidget(help_browser_);
-    const QFontMetrics metrics(help_browser_->font());
-    help_window_->resize(metrics.horizontalAdvance(QLatin1Char('n')) * 80, metrics.height() * 40);
   }
+  const bool first = !help_window_->testAttribute(Qt::WA_Resized);
   help_browser_->setSource(url);
   help_window_->setWindowTitle(help_browser_->documentTitle());
+  if (first) {
+    // Eighty columns of text, or the widest picture whole, as far as the screen allows.
+    const QFontMetrics metrics(help_browser_->font());
+    QSize size(std::max(metrics.horizontalAdvance(QLatin1Char('n')) * 80,
+                        WidestPicture(help_browser_->document()) +
+                            2 * static_cast<int>(help_browser_->document()->documentMargin()) +
+                            2 * help_browser_->frameWidth() +
+                            help_browser_->style()->pixelMetric(QStyle::PM_ScrollBarExtent)),
+               metrics.height() * 40);
+    QWidget* over = host_ ? host_->DialogParent() : nullptr;
+    if (const QScreen* s = over ? over->screen() : QGuiApplication::primaryScreen())
+      size = size.boundedTo(s->availableGeometry().size() - QSize(16, 48));
+    help_window_->resize(size);
+    CentreOver(help_window_.get(), over);
+  }
   help_window_->show();
   help_window_->raise();
   help_window_->activateWindow();

@@ -28,6 +28,10 @@ class WindowHost {
   virtual QWidget* DialogParent() = 0;
 };
 
+// A window first opens centred over another (the game window), as far as the screen allows;
+// size it first.
+void CentreOver(QWidget* w, QWidget* over);
+
 // Opens a URL with the desktop's default application and calls `failed` (at once, or when the
 // desktop reports back) if it could not.
 using UrlOpener = std::function<void(const QUrl& url, std::function<void()> failed)>;

@@ -40,6 +40,8 @@ class DialogsTest : public QObject {
     QWidget* view = s.front->View("frmInvitation");
     QVERIFY(view != nullptr && view->isVisible());
     QCOMPARE(test::Mismatches(view, *s.app->Window("frmInvitation")), QStringList());
+    // Room for its title in a desktop's bold title bar, beside the bar's buttons.
+    QVERIFY(view->width() > 1.2 * view->fontMetrics().horizontalAdvance(view->windowTitle()) + 90);
     QCOMPARE(s.find<QLabel>("StatusBar1.Panel(2)")->text(), QStringLiteral("Invitation received"));
     QVERIFY(!s.find<QPushButton>("cmdNew")->isEnabled());
     QTest::mouseClick(view->findChild<QPushButton*>(QStringLiteral("cmdNo")), Qt::LeftButton);

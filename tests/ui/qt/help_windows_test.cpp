@@ -74,6 +74,10 @@ class HelpWindowsTest : public QObject {
     const QVariant picture = browser->loadResource(QTextDocument::ImageResource,
                                                    QUrl(QStringLiteral("help-board-turn.png")));
     QVERIFY(!qvariant_cast<QImage>(picture).isNull() || !picture.toByteArray().isEmpty());
+    // Its pictures whole, as far as the screen allows, and over the game window.
+    const QRect screen = s.window()->screen()->availableGeometry();
+    QVERIFY(browser->viewport()->width() >= std::min(1084, screen.width() - 80));
+    QVERIFY(browser->window()->geometry().intersects(s.window()->geometry()));
     QTest::keyClick(browser, Qt::Key_Escape);
     QVERIFY(!browser->isVisible());
 
