@@ -39,10 +39,6 @@ namespace {
 
 constexpr double kBaseWidthTwips = 9105;
 constexpr double kBaseHeightTwips = 5235;
-// The side panel's and the prompt line's texts against the card faces: once the cards have grown
-// past their comfortable size, and below the window's font.
-constexpr double kTextPerFace = 1 / 1.3;
-constexpr double kBesidePerFace = 0.9;
 constexpr int kColumnSpacing = 12;
 constexpr int kRowSpacing = 4;
 
@@ -455,27 +451,9 @@ void GameWindow::FitToContents() {
 }
 
 void GameWindow::Rescale() {
-  // The largest scale of the side panel's texts at which the table's cards, in what room is
-  // left, still have faces larger than those texts: by a margin once they have grown past their
-  // comfortable size, by that of the texts on the table below it.
-  const QMargins m = central_->layout()->contentsMargins();
-  const QSize room = central_->size().shrunkBy(m);
-  const int n = table_->stackSize();
-  const double ui = QFontInfo(font()).pixelSize();
-  auto fits = [&](double s) {
-    const QSizeF side = side_->SizeAt(s);
-    const int line = static_cast<int>(std::ceil(prompt_line_height_ * s));
-    const QSize table(room.width() - kColumnSpacing - static_cast<int>(std::ceil(side.width())),
-                      room.height() - kRowSpacing - line);
-    return side.height() <= table.height() &&
-           table_->FitFont(table, n) * (s < 1 ? kBesidePerFace : kTextPerFace) >= ui * s;
-  };
-  double low = SidePanel::kSmallest, high = 4;
-  while (high - low > 0.02) {
-    const double mid = (low + high) / 2;
-    (fits(mid) ? low : high) = mid;
-  }
-  ScaleTexts(low);
+  const QSize room = central_->size().shrunkBy(central_->layout()->contentsMargins()) -
+                     QSize(kColumnSpacing, kRowSpacing);
+  ScaleTexts(side_->FitScale(*table_, room, prompt_line_height_));
 }
 
 void GameWindow::ScaleTexts(double scale) {

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ui/qt/board_table.h"
+
 namespace bq::qt {
 
 SidePanel::SidePanel(QWidget* parent) : QWidget(parent) {
@@ -33,6 +35,27 @@ QSizeF SidePanel::SizeAt(double scale) const {
   if (scale >= 1) return QSizeF(base_) * scale;
   const double t = (scale - kSmallest) / (1 - kSmallest);
   return QSizeF(small_) + (QSizeF(base_) - QSizeF(small_)) * std::max(0.0, t);
+}
+
+double SidePanel::FitScale(const BoardTable& table, QSize room, int line_height) const {
+  // Larger faces by a margin once the cards have grown past their comfortable size, by that of
+  // the texts on the table below it.
+  constexpr double kTextPerFace = 1 / 1.3, kBesidePerFace = 0.9;
+  const double ui = QFontInfo(QApplication::font(this)).pixelSize();
+  auto fits = [&](double s) {
+    const QSizeF side = SizeAt(s);
+    const QSize rest(room.width() - static_cast<int>(std::ceil(side.width())),
+                     room.height() - static_cast<int>(std::ceil(line_height * s)));
+    return side.height() <= rest.height() &&
+           table.FitFont(rest, table.stackSize()) * (s < 1 ? kBesidePerFace : kTextPerFace) >=
+               ui * s;
+  };
+  double low = kSmallest, high = 4;
+  while (high - low > 0.02) {
+    const double mid = (low + high) / 2;
+    (fits(mid) ? low : high) = mid;
+  }
+  return low;
 }
 
 void SidePanel::SetScale(double scale) {

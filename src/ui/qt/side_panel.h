@@ -8,6 +8,8 @@ class QLabel;
 
 namespace bq::qt {
 
+class BoardTable;
+
 // The column beside the table: options, game buttons, prompts and the move list. Its texts follow
 // the cards, down to kSmallest of the window's font and up; it never asks for less room than at
 // the smallest, so a window that shrinks can always bring it back down.
@@ -22,6 +24,10 @@ class SidePanel : public QWidget {
   // The room the panel takes with its texts at `scale`: measured up to the window's font, grown
   // in proportion beyond it (a little generous, since not all of it grows).
   QSizeF SizeAt(double scale) const;
+  // The largest scale at which the table's cards, in what is left of `room` beside the panel and
+  // above a prompt line `line_height` high at the window's font, still have larger faces than
+  // the panel's texts.
+  double FitScale(const BoardTable& table, QSize room, int line_height) const;
   // Texts at `scale` times the window's font; the width follows.
   void SetScale(double scale);
   double scale() const { return scale_; }
