@@ -79,9 +79,10 @@ void GameModel::ClearHighlights() {
 
 void GameModel::NoteMove(int side) {
   for (size_t i = kMoveListSize; i > 1; --i) lblMoveList[i].caption = lblMoveList[i - 1].caption;
-  lblMoveList[1].caption = MoveEntry(news_base_, g_, side, vs_computer_, opponent_name_);
+  const bool b_face_up = learn_mode_ || judgement_shown_;
+  lblMoveList[1].caption = MoveEntry(news_base_, g_, side, vs_computer_, opponent_name_, b_face_up);
   if (side == kSideB) {
-    const MoveNews news = DescribeMoveB(news_base_, g_, vs_computer_, opponent_name_);
+    const MoveNews news = DescribeMoveB(news_base_, g_, vs_computer_, opponent_name_, b_face_up);
     AddNews(news.text);
     for (const std::string& name : news.changed)
       if (Control* c = Find(name)) Highlight(*c, kHighlightBrief);

@@ -185,7 +185,7 @@ struct Changes {
 }  // namespace
 
 MoveNews DescribeMoveB(const GameState& before, const GameState& after, bool vs_computer,
-                       const std::string& opponent) {
+                       const std::string& opponent, bool b_face_up) {
   const Who who = Opponent(vs_computer, opponent);
   const Changes c(before, after);
   const std::vector<int>& a = c.a;
@@ -208,8 +208,10 @@ MoveNews DescribeMoveB(const GameState& before, const GameState& after, bool vs_
       what = s + " took " + Num(placed) + " from the Discard Pile" + slot + " and put " +
              Num(after.discard_top) + " on it.";
     } else {
-      what = s + " took " + Num(placed) + " from the Draw Pile" + slot + " and put " +
-             Num(after.discard_top) + " on the Discard Pile.";
+      // A card from the Draw Pile goes into the Stack unseen.
+      what = s + " took " + (b_face_up ? Num(placed) : std::string("the card")) +
+             " from the Draw Pile" + slot + " and put " + Num(after.discard_top) +
+             " on the Discard Pile.";
       news.changed.push_back("lblDrawPile");
     }
     news.changed.push_back("lblDiscardPile");
@@ -234,8 +236,11 @@ MoveNews DescribeMoveB(const GameState& before, const GameState& after, bool vs_
     card_a(a[0]);
     card_a(a[1]);
   } else if (a.empty() && b.size() == 2) {
-    what = s + " used Switchem, swapping " + who.possessive + " " + Num(c.OldB(b[0])) + " and " +
-           Num(c.OldB(b[1])) + ".";
+    what = s + " used Switchem, swapping " + who.possessive + " " +
+           (b_face_up ? Num(c.OldB(b[0])) + " and " + Num(c.OldB(b[1]))
+                      : "cards in slots " + Num(after.DisplayPos(b[0])) + " and " +
+                            Num(after.DisplayPos(b[1]))) +
+           ".";
     card_b(b[0]);
     card_b(b[1]);
   } else {
@@ -248,7 +253,7 @@ MoveNews DescribeMoveB(const GameState& before, const GameState& after, bool vs_
 }
 
 std::string MoveEntry(const GameState& before, const GameState& after, int side, bool vs_computer,
-                      const std::string& opponent) {
+                      const std::string& opponent, bool b_face_up) {
   const std::string them = vs_computer ? "Computer" : opponent.empty() ? "Opponent" : opponent;
   const int other = side == kSideA ? kSideB : kSideA;
   // Side A's words about side B's Stack: its cards are face down to the player.
@@ -258,11 +263,14 @@ std::string MoveEntry(const GameState& before, const GameState& after, int side,
   const std::vector<int>& own = c.Of(side);
   const std::vector<int>& others = c.Of(other);
   auto slot = [&](int s, int k) { return "slot " + Num(c.Shown(s, k)); };
+  // A card that went into side B's face-down Stack unseen is not named.
+  const bool unseen = side == kSideB && !b_face_up;
   std::string what;
   if (others.empty() && own.size() == 1) {
     const int k = own[0];
-    what = "took " + Num(after.Card(side, k)) + " from the " +
-           (c.FromDiscard(side, k) ? "Discard" : "Draw") + " Pile, put it in " + slot(side, k) +
+    const bool discard = c.FromDiscard(side, k);
+    what = "took " + (unseen && !discard ? std::string("the card") : Num(after.Card(side, k))) +
+           " from the " + (discard ? "Discard" : "Draw") + " Pile, put it in " + slot(side, k) +
            ", " + Num(after.discard_top) + " discarded";
   } else if (own.empty() && others.empty()) {
     what = after.discard_top != before.discard_top
@@ -277,8 +285,10 @@ std::string MoveEntry(const GameState& before, const GameState& after, int side,
     if (side == kSideB)
       what += " (" + Num(c.Old(other, others[0])) + " and " + Num(c.Old(other, others[1])) + ")";
   } else if (others.empty() && own.size() == 2) {
-    what = "Switchem, swapped " + Num(c.Old(side, own[0])) + " in " + slot(side, own[0]) + " and " +
-           Num(c.Old(side, own[1])) + " in " + slot(side, own[1]);
+    what = unseen ? "Switchem, swapped the cards in slots " + Num(c.Shown(side, own[0])) + " and " +
+                        Num(c.Shown(side, own[1]))
+                  : "Switchem, swapped " + Num(c.Old(side, own[0])) + " in " + slot(side, own[0]) +
+                        " and " + Num(c.Old(side, own[1])) + " in " + slot(side, own[1]);
   } else {
     what = "changed " + Num(static_cast<int>(own.size() + others.size())) + " cards";
   }

@@ -57,17 +57,18 @@ std::string ResultText(int turn_result, const GameState& g, bool vs_computer,
                        const std::string& opponent);
 
 // One move of side B told from the cards that changed between two positions, and the controls
-// that show the change ("lblDiscardPile", "lblCardB(4)").
+// that show the change ("lblDiscardPile", "lblCardB(4)"). Unless side B's cards are face up, no
+// card that went into its Stack unseen is named.
 struct MoveNews {
   std::string text;
   std::vector<std::string> changed;
 };
 MoveNews DescribeMoveB(const GameState& before, const GameState& after, bool vs_computer,
-                       const std::string& opponent);
+                       const std::string& opponent, bool b_face_up);
 
 // One line of the move list for `side`'s move between two positions, with the slots as the board
 // numbers them: "Computer: took 76 from the Discard Pile, put it in slot 4, 46 discarded".
 std::string MoveEntry(const GameState& before, const GameState& after, int side, bool vs_computer,
-                      const std::string& opponent);
+                      const std::string& opponent, bool b_face_up);
 
 }  // namespace bq

@@ -27,10 +27,10 @@ std::string Told(const MoveNews& news) {
 
 TEST(MoveNews, EachKindOfMoveIsToldWithTheControlsItChanged) {
   const GameState before = Position();
-  auto told = [&](auto change, bool vs_computer = true) {
+  auto told = [&](auto change, bool vs_computer = true, bool face_up = true) {
     GameState after = before;
     change(after);
-    return Told(DescribeMoveB(before, after, vs_computer, "Kim"));
+    return Told(DescribeMoveB(before, after, vs_computer, "Kim", face_up));
   };
   EXPECT_EQ(told([](GameState& g) {
               g.Card(kSideB, 4) = 50;
@@ -38,14 +38,17 @@ TEST(MoveNews, EachKindOfMoveIsToldWithTheControlsItChanged) {
             }),
             "The computer took 50 from the Discard Pile for slot 4 and put 41 on it. | "
             "lblDiscardPile lblCardB(4)");
-  EXPECT_EQ(told(
-                [](GameState& g) {
-                  g.Card(kSideB, 6) = 60;
-                  g.discard_top = 61;
-                },
-                false),
+  auto draw_into_6 = [](GameState& g) {
+    g.Card(kSideB, 6) = 60;
+    g.discard_top = 61;
+  };
+  EXPECT_EQ(told(draw_into_6, false),
             "Kim took 60 from the Draw Pile for slot 6 and put 61 on the Discard Pile. | "
             "lblDrawPile lblDiscardPile lblCardB(6)");
+  // Face down, the card that went into the Stack unseen stays unnamed.
+  EXPECT_EQ(told(draw_into_6, true, false),
+            "The computer took the card from the Draw Pile for slot 6 and put 61 on the Discard "
+            "Pile. | lblDrawPile lblDiscardPile lblCardB(6)");
   EXPECT_EQ(told([](GameState& g) { g.discard_top = 60; }),
             "The computer turned down 60 from the Draw Pile; it is now the Discard Pile card. | "
             "lblDrawPile lblDiscardPile");
@@ -54,8 +57,11 @@ TEST(MoveNews, EachKindOfMoveIsToldWithTheControlsItChanged) {
             "lblCardB(9)");
   EXPECT_EQ(told([](GameState& g) { std::swap(g.Card(kSideA, 3), g.Card(kSideA, 8)); }),
             "The computer used Smackem, swapping your 3 and 8. | lblCardA(3) lblCardA(8)");
-  EXPECT_EQ(told([](GameState& g) { std::swap(g.Card(kSideB, 1), g.Card(kSideB, 5)); }, false),
+  auto switch_1_5 = [](GameState& g) { std::swap(g.Card(kSideB, 1), g.Card(kSideB, 5)); };
+  EXPECT_EQ(told(switch_1_5, false),
             "Kim used Switchem, swapping their 11 and 51. | lblCardB(1) lblCardB(5)");
+  EXPECT_EQ(told(switch_1_5, false, false),
+            "Kim used Switchem, swapping their cards in slots 1 and 5. | lblCardB(1) lblCardB(5)");
   // Turned round, the Stack is compared slot by slot as the computer now holds it; the label of
   // slot 3 is then the eighth.
   EXPECT_EQ(told([](GameState& g) {
@@ -73,10 +79,10 @@ TEST(MoveNews, EachKindOfMoveIsToldWithTheControlsItChanged) {
 // B that the player cannot see.
 TEST(MoveList, EachKindOfMoveOfEitherSideInOneLine) {
   const GameState before = Position();
-  auto entry = [&](int side, auto change, bool vs_computer = true) {
+  auto entry = [&](int side, auto change, bool vs_computer = true, bool face_up = true) {
     GameState after = before;
     change(after);
-    return MoveEntry(before, after, side, vs_computer, "Kim");
+    return MoveEntry(before, after, side, vs_computer, "Kim", face_up);
   };
   EXPECT_EQ(entry(kSideB,
                   [](GameState& g) {
@@ -107,6 +113,19 @@ TEST(MoveList, EachKindOfMoveOfEitherSideInOneLine) {
   EXPECT_EQ(entry(
                 kSideB, [](GameState&) {}, false),
             "Kim: Switchem, kept the Stack as it was");
+  // Side B's face-down Stack: what went in unseen stays unnamed; the Discard Pile is no secret.
+  EXPECT_EQ(entry(
+                kSideB,
+                [](GameState& g) {
+                  g.Card(kSideB, 6) = 60;
+                  g.discard_top = 61;
+                },
+                true, false),
+            "Computer: took the card from the Draw Pile, put it in slot 6, 61 discarded");
+  EXPECT_EQ(entry(
+                kSideB, [](GameState& g) { std::swap(g.Card(kSideB, 1), g.Card(kSideB, 5)); }, true,
+                false),
+            "Computer: Switchem, swapped the cards in slots 1 and 5");
   // A reversed row: the computer's slot 3 is the board's eighth.
   EXPECT_EQ(entry(kSideB,
                   [](GameState& g) {
