@@ -65,6 +65,15 @@ void PaintRing(QPainter& p, const QRectF& outer, const QColor& colour) {
   p.drawRoundedRect(r, Radius(r) + 1, Radius(r) + 1);
 }
 
+// The keyboard's place: a dashed ring inside the card's edge, unlike any mark or highlight.
+void PaintFocus(QPainter& p, const QRectF& card, const QColor& colour) {
+  QPen pen(colour, 2, Qt::DashLine);
+  p.setPen(pen);
+  p.setBrush(Qt::NoBrush);
+  const QRectF r = card.adjusted(4, 4, -4, -4);
+  p.drawRoundedRect(r, Radius(r), Radius(r));
+}
+
 void PaintBack(QPainter& p, const QRectF& r, bool question, const QFont& font) {
   QPainterPath card;
   card.addRoundedRect(r, Radius(r), Radius(r));
@@ -133,14 +142,14 @@ CardLabel::CardLabel(QWidget* parent) : QAbstractButton(parent) {
 void CardLabel::setFace(const QString& face) {
   if (face == text()) return;
   setText(face);
-  UpdateSpokenName();
+  UpdateSpokenName(!isHidden());
   update();
 }
 
 void CardLabel::setMarked(bool marked) {
   if (marked == marked_) return;
   marked_ = marked;
-  UpdateSpokenName();
+  UpdateSpokenName(!isHidden());
   update();
 }
 
@@ -152,18 +161,25 @@ void CardLabel::setHighlighted(bool on) {
 
 void CardLabel::setSpokenPrefix(const QString& prefix) {
   prefix_ = prefix;
-  UpdateSpokenName();
+  UpdateSpokenName(!isHidden());
 }
 
 bool CardLabel::faceDown() const {
   return text().trimmed().isEmpty() || text() == QLatin1String(kFaceDown);
 }
 
-void CardLabel::UpdateSpokenName() {
+void CardLabel::UpdateSpokenName(bool shown) {
   QString name = prefix_;
-  name += faceDown() ? QStringLiteral(": face down") : QStringLiteral(": ") + text().trimmed();
+  name += faceDown() || !shown ? QStringLiteral(": face down")
+                               : QStringLiteral(": ") + text().trimmed();
   if (marked_) name += QStringLiteral(", chosen");
-  setAccessibleName(name);
+  if (name != accessibleName()) setAccessibleName(name);  // each change is told once
+}
+
+void CardLabel::setVisible(bool visible) {
+  if (!visible) UpdateSpokenName(false);  // the value goes before the card does
+  QAbstractButton::setVisible(visible);
+  UpdateSpokenName(!isHidden());
 }
 
 QSize CardLabel::sizeHint() const {
@@ -200,6 +216,7 @@ void CardLabel::paintEvent(QPaintEvent*) {
       p.setPen(QPen(marked_ ? kMarkedEdge : kHoverEdge, marked_ ? 3 : 2));
       p.drawRoundedRect(r.adjusted(1, 1, -1, -1), radius, radius);
     }
+    if (hasFocus()) PaintFocus(p, r, kBackTrim);
     return;
   }
   QPainterPath card;
@@ -240,6 +257,7 @@ void CardLabel::paintEvent(QPaintEvent*) {
   p.setPen(QPen(edge, pen));
   p.setBrush(Qt::NoBrush);
   p.drawRoundedRect(r.adjusted(pen / 2, pen / 2, -pen / 2, -pen / 2), radius, radius);
+  if (hasFocus()) PaintFocus(p, r, kHoverEdge);
 }
 
 CardBack::CardBack(QWidget* parent) : QWidget(parent) {

@@ -23,9 +23,11 @@ class CardLabel : public QAbstractButton {
   // A ring round the card in the palette's highlight colour: it draws the eye, it is no choice.
   bool highlighted() const { return highlighted_; }
   void setHighlighted(bool on);
-  // The accessible name is made of this and the face, e.g. "Your card 3: 45".
+  // The accessible name is made of this and the face, e.g. "Your card 3: 45". A hidden card
+  // says only "face down": what is not on the screen is not on the accessibility bus either.
   void setSpokenPrefix(const QString& prefix);
   bool faceDown() const;
+  void setVisible(bool visible) override;
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
@@ -40,7 +42,7 @@ class CardLabel : public QAbstractButton {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void UpdateSpokenName();
+  void UpdateSpokenName(bool shown);
 
   bool marked_ = false;
   bool highlighted_ = false;

@@ -57,7 +57,7 @@ bool ControlBinder::Bind(const std::string& name, QObject* target) {
   const Control* control = model_.Find(name);
   if (control == nullptr) return false;
   target->setObjectName(QString::fromStdString(name));
-  bindings_.push_back({name, control, target, *control, true});
+  bindings_.push_back({name, control, target, *control, true, {}});
   return true;
 }
 
@@ -75,9 +75,10 @@ void ControlBinder::Apply() {
     }
     if (b.fresh || c.caption != s.caption) {
       ApplyText(b.target, QString::fromStdString(c.caption));
-      const QString spoken = SpokenText(c.caption);
-      if (widget != nullptr && qobject_cast<CardLabel*>(widget) == nullptr)
-        widget->setAccessibleName(spoken.isEmpty() ? QString::fromStdString(b.name) : spoken);
+      const QString spoken = b.say ? b.say(SpokenText(c.caption)) : SpokenText(c.caption);
+      if (widget != nullptr && qobject_cast<CardLabel*>(widget) == nullptr &&
+          widget->accessibleName() != spoken)
+        widget->setAccessibleName(spoken);
     }
     if (b.fresh || c.tooltip != s.tooltip) {
       const QString tip = QString::fromStdString(c.tooltip);
@@ -113,6 +114,15 @@ void ControlBinder::Apply() {
     s = c;
     b.fresh = false;
   }
+}
+
+void ControlBinder::SetSpokenName(std::string_view name,
+                                  std::function<QString(const QString&)> say) {
+  for (Binding& b : bindings_)
+    if (b.name == name) {
+      b.say = say;
+      b.fresh = true;
+    }
 }
 
 QObject* ControlBinder::Target(std::string_view name) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,6 +23,9 @@ class ControlBinder {
   // Names the object after the control. A window itself may be bound: its title follows the
   // caption. Returns false when the model has no such control.
   bool Bind(const std::string& name, QObject* target);
+  // How a screen reader names the control, from its spoken caption: for controls whose caption
+  // alone says too little ("12" beside a card) or is often empty. Without one, the caption.
+  void SetSpokenName(std::string_view name, std::function<QString(const QString&)> say);
   void Apply();
   QObject* Target(std::string_view name) const;
   QWidget* Widget(std::string_view name) const;
@@ -44,6 +48,7 @@ class ControlBinder {
     QObject* target;
     Control shown;
     bool fresh = true;
+    std::function<QString(const QString&)> say;
   };
   bool Usable(std::string_view name) const;
 

@@ -10,6 +10,7 @@
 
 #include "ui/model/how_to_model.h"
 #include "ui/qt/about_window.h"
+#include "ui/qt/accessible_widgets.h"
 #include "ui/qt/app_paths.h"
 #include "ui/qt/communicate_dialog.h"
 #include "ui/qt/game_window.h"
@@ -37,6 +38,7 @@ bool AskAbandon(QWidget* parent, bool& dont_ask_again) {
 }  // namespace
 
 FrontEnd::FrontEnd(AppModel& app) : app_(app), data_dir_(DataDir(ExecutableDir())) {
+  InstallAccessibleWidgets();
   game_ = std::make_unique<GameWindow>(*this, app_.game());
   if (net::Link* link = app_.link()) {
     link->SetReceiver([this](const std::string& message) { Receive(message); });
@@ -93,6 +95,7 @@ void FrontEnd::Start() {
   RefreshAll();
   game_->PlaceAtStoredPosition();
   game_->show();
+  game_->activateWindow();  // keys work at once, with or without a window manager
   game_->binder().RestoreFocus({});
 }
 

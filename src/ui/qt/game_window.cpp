@@ -29,6 +29,7 @@
 #include <vector>
 
 #include "ui/qt/app_paths.h"
+#include "ui/qt/board_speech.h"
 #include "ui/qt/board_table.h"
 #include "ui/qt/card_widget.h"
 #include "ui/qt/front_end.h"
@@ -100,15 +101,19 @@ GameWindow::GameWindow(FrontEnd& front, GameModel& model)
   BuildMenus();
   BuildStatusBar();
   SetTabOrder();
+  speech_ = new BoardSpeech(this, model_, binder_, *table_);
   // A right click on a button does nothing, so it leaves the focus where it was: no ring.
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget* old, QWidget* now) {
-    if (now == nullptr || now->window() != this || !qobject_cast<QAbstractButton*>(now) ||
-        QGuiApplication::mouseButtons() != Qt::RightButton)
+    static bool restoring = false;  // giving it back is a focus change too
+    if (restoring || now == nullptr || now->window() != this ||
+        !qobject_cast<QAbstractButton*>(now) || QGuiApplication::mouseButtons() != Qt::RightButton)
       return;
+    restoring = true;
     if (old != nullptr)
       old->setFocus(Qt::OtherFocusReason);
     else
       now->clearFocus();
+    restoring = false;
   });
   highlight_timer_ = new QTimer(this);
   highlight_timer_->setSingleShot(true);
@@ -386,6 +391,7 @@ void GameWindow::Refresh() {
   prompts_->Arrange(!model_.fast_mode() || model_.cmdPlayB.visible);
   move_list_->Arrange();
   RefreshHighlights();
+  speech_->Refresh();
   if (placed_ && n != fitted_stack_size_) FitToContents();
 }
 

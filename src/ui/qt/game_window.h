@@ -17,6 +17,7 @@ class QVBoxLayout;
 namespace bq::qt {
 
 class BoardTable;
+class BoardSpeech;
 class CardLabel;
 class FrontEnd;
 class PromptArea;
@@ -88,6 +89,7 @@ class GameWindow : public QMainWindow {
   MoveList* move_list_ = nullptr;
   PromptLine* prompt_line_ = nullptr;
   int prompt_line_height_ = 0;  // at the window's font
+  BoardSpeech* speech_ = nullptr;
   QWidget* options_ = nullptr;
   QWidget* central_ = nullptr;
   // Brief highlights show for a moment after the event that set them.
