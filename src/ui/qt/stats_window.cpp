@@ -102,6 +102,25 @@ StatsWindow::StatsWindow(FrontEnd& front, const WindowModel& model, QWidget* par
   value(Indexed("lblTies", 8), 12, 3);
   grid->setColumnStretch(0, 1);
 
+  // A screen reader reads each figure with its row and column, as a table.
+  auto caption_of = [&model](const char* name) {
+    const Control* c = model.Find(name);
+    return c != nullptr ? SpokenText(c->caption) : QString();
+  };
+  const char* columns[] = {"Wins", "Losses", "Ties", "Wins %", "Losses %", "Ties %"};
+  const char* figures[] = {"lblWins",    "lblLosses",    "lblTies",
+                           "lblWinsPct", "lblLossesPct", "lblTiesPct"};
+  auto figure = [this](const std::string& name, const QString& row, const char* column) {
+    const QString where = row + QStringLiteral(", ") + QString::fromLatin1(column);
+    binder_.SetSpokenName(name, [where](const QString& text) { return where + ": " + text; });
+  };
+  for (int i = 1; i <= 7; ++i)
+    for (int c = 0; c < 6; ++c) figure(Indexed(figures[c], i), caption_of(rows[i - 1]), columns[c]);
+  for (int c = 0; c < 3; ++c) {
+    figure(Indexed(figures[c], 8), caption_of("lblConsecutive"), columns[c]);
+    figure(std::string("lbl") + "WLT"[c] + "Streak", caption_of("lblCurrent"), columns[c]);
+  }
+
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(8);
   for (const char* name : {"cmdShowOtherStats", "cmdClearStats", "cmdCloseStats"}) {
@@ -115,6 +134,9 @@ StatsWindow::StatsWindow(FrontEnd& front, const WindowModel& model, QWidget* par
   }
   outer->addLayout(buttons);
   binder_.Apply();
+  if (QWidget* other = binder_.Widget("cmdShowOtherStats"))
+    other->setAccessibleDescription(QStringLiteral(
+        "Shows the results against the other kind of opponent, the computer or people"));
 }
 
 ConfirmClearDialog::ConfirmClearDialog(FrontEnd& front, const WindowModel& model, QWidget* parent)

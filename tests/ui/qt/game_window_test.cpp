@@ -117,6 +117,17 @@ class GameWindowTest : public QObject {
     s.find("cmdNew")->setFocus();
     key(Qt::Key_Return);  // presses the focused button
     QCOMPARE(s.game().state().turn_owner, kSideA);
+    // The turn starts on the board, and the arrows walk it: piles side by side, the Stack down.
+    QTRY_COMPARE(w->focusWidget(), s.find("lblDiscardPile"));
+    for (auto [k, there] : {std::pair{Qt::Key_Right, "lblDrawPile"},
+                            {Qt::Key_Left, "lblDiscardPile"},
+                            {Qt::Key_Left, "lblCardA(1)"},
+                            {Qt::Key_Down, "lblCardA(2)"},
+                            {Qt::Key_Left, "lblCardA(2)"},  // the computer's cards are not for now
+                            {Qt::Key_Right, "lblDiscardPile"}}) {
+      key(k);
+      QCOMPARE(w->focusWidget(), s.find(there));
+    }
     key(Qt::Key_H);  // the Hint's advice, on the prompt line
     QVERIFY(s.game().lblPrompt.caption.rfind("Hint: ", 0) == 0);
     QCOMPARE(Mismatches(w, s.game()), QStringList());  // and the window shows it
@@ -180,6 +191,9 @@ class GameWindowTest : public QObject {
     QCOMPARE(Mismatches(&plain, model), QStringList());
     auto* wins = stats->findChild<QLabel*>("lblWins(1)");
     QCOMPARE(wins->text(), QStringLiteral("2"));
+    QVERIFY2(wins->accessibleName().endsWith(QLatin1String(", Wins: 2")) &&
+                 wins->accessibleName().size() > 10,
+             qPrintable(wins->accessibleName()));  // a figure is read with its row and column
 
     auto* clear = stats->findChild<QWidget*>("cmdClearStats");
     QTest::mouseClick(clear, Qt::LeftButton);
