@@ -9,6 +9,7 @@
 #include <QRadioButton>
 #include <QWidget>
 
+#include "ui/qt/board_table.h"
 #include "ui/qt/card_widget.h"
 #include "ui/qt/control_binder.h"
 #include "ui/qt/stats_window.h"
@@ -112,6 +113,8 @@ QAccessibleInterface* Factory(const QString&, QObject* object) {
   if (qobject_cast<PromptLine*>(widget) != nullptr) return new PromptAccessible(widget);
   if (qobject_cast<CardBack*>(widget) != nullptr)
     return new QAccessibleWidget(widget, QAccessible::StaticText);
+  if (qobject_cast<PromptArea*>(widget) != nullptr)  // a frame, not a window
+    return new QAccessibleWidget(widget, QAccessible::Grouping);
   if (qobject_cast<StatsWindow*>(widget) != nullptr)
     return new QAccessibleWidget(widget, QAccessible::Dialog);
   // Ours only: buttons bound to a control of a window model.

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QStatusBar>
 #include <QTimer>
 #include <string>
 #include <utility>
@@ -26,10 +27,16 @@ BoardSpeech::BoardSpeech(QWidget* window, const GameModel& model, ControlBinder&
     columns_[1].push_back(table_.a.cards[i]);
   }
   columns_[2] = {table_.piles[0], table_.piles[1]};
-  for (const auto& column : columns_)
+  // Tab reaches the board right after New Game: the piles, your Stack, the opponent's. So when a
+  // focused button goes (New Game at the deal, the complete-move button after a move), the focus
+  // moves on to the board, never through Quit This Game.
+  QWidget* before = binder_.Widget("cmdNew");
+  for (const auto& column : {columns_[2], columns_[1], columns_[0]})
     for (CardLabel* card : column) {
       card->setFocusPolicy(Qt::TabFocus);  // a click keeps the focus where it was
       card->installEventFilter(this);
+      if (before != nullptr) QWidget::setTabOrder(before, card);
+      before = card;
     }
   connect(qApp, &QApplication::focusChanged, this, &BoardSpeech::FocusChanged);
 
@@ -48,6 +55,18 @@ BoardSpeech::BoardSpeech(QWidget* window, const GameModel& model, ControlBinder&
     say("lblRangeA" + k, QStringLiteral("Range of your card %1").arg(i));
     say("lblRangeB" + k, QStringLiteral("Range of the opponent's card %1").arg(i));
   }
+  // The panels that hold the controls are named too, or hidden from the tree's readers.
+  table_.setAccessibleName(QStringLiteral("Table"));
+  if (QWidget* central = table_.parentWidget()) central->setAccessibleName(QStringLiteral("Game"));
+  if (auto* prompts = window_->findChild<PromptArea*>()) {
+    prompts->setAccessibleName(QStringLiteral("Prompts"));
+    if (QWidget* side = prompts->parentWidget())
+      side->setAccessibleName(QStringLiteral("Options and prompts"));
+  }
+  if (auto* status = window_->findChild<QStatusBar*>())
+    status->setAccessibleName(QStringLiteral("Status"));
+  if (QWidget* frame = binder_.Widget("frmPlayOptions"); frame && frame->parentWidget())
+    frame->parentWidget()->setAccessibleName(QStringLiteral("Options"));
   say("lblMoveCountA", QStringLiteral("Your moves"));
   say("lblMoveCountB", QStringLiteral("Opponent's moves"));
 }
@@ -122,15 +141,11 @@ void BoardSpeech::Refresh() {
     QAccessibleStateChangeEvent event(setup, changed);
     QAccessible::updateAccessibility(&event);
   }
-  // The complete-move button always describes the move it would make; when it has the focus, a
-  // new move is told by that description.
-  bool move_told = false;
+  // The complete-move button always describes the move it would make. (A change of description
+  // is not spoken, even on the focus: Qt 6.4 sends the node, not the words, with the event.)
   if (QWidget* play = binder_.Widget("cmdPlayA"); play != nullptr) {
     const QString move = MoveText();
-    if (play->accessibleDescription() != move) {
-      play->setAccessibleDescription(move);
-      move_told = play->hasFocus() && !move.isEmpty();
-    }
+    if (play->accessibleDescription() != move) play->setAccessibleDescription(move);
   }
 
   const QString prompt = SpokenText(model_.lblPrompt.caption);
@@ -142,10 +157,6 @@ void BoardSpeech::Refresh() {
     if (Usable(named) && !named->hasFocus() && named->focusPolicy() != Qt::NoFocus &&
         named != binder_.Widget("cmdPlayA"))
       Describe(named, prompt);
-    if (move_told) {
-      said_ = prompt;
-      pending_.clear();
-    }
   }
   if (turn != turn_key_) {
     turn_key_ = turn;
