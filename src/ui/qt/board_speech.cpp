@@ -67,6 +67,8 @@ BoardSpeech::BoardSpeech(QWidget* window, const GameModel& model, ControlBinder&
     status->setAccessibleName(QStringLiteral("Status"));
   if (QWidget* frame = binder_.Widget("frmPlayOptions"); frame && frame->parentWidget())
     frame->parentWidget()->setAccessibleName(QStringLiteral("Options"));
+  for (int i = 1; i <= GameModel::kMoveListSize; ++i)
+    say("lblMoveList(" + std::to_string(i) + ")", QStringLiteral("Move list %1").arg(i));
   say("lblMoveCountA", QStringLiteral("Your moves"));
   say("lblMoveCountB", QStringLiteral("Opponent's moves"));
 }

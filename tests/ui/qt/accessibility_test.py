@@ -153,7 +153,8 @@ def texts(node):
 # Words that name slots, counts and keys rather than cards.
 NOT_CARDS = re.compile(r"\b(?:cards?|slot) \d+(?: and \d+)?|\b\d+ moves?\b|\(F\d+\)|"
                        r"\d+ cards in a Stack instead of \d+|"
-                       r"\d+ from the Discard Pile")  # the Discard Pile is face up
+                       r"Move list \d+|"
+                       r"\d+ from the Discard Pile|\d+ discarded")  # the Discard Pile is face up
 
 
 def secret_numbers(strings, secret):
