@@ -42,12 +42,12 @@ struct PromptFacts {
   // The cards of the opponent's move on show: what it takes and what it gives or swaps.
   int card1 = 0;
   int card2 = 0;
-  int slot = 0;        // where a pile card goes, as the board numbers it; 0 when unknown
-  std::string news;    // what the last moves did, in words
-  std::string result;  // the last game's result, kept until the next game
-  std::string hint;    // the Hint's advice, said until the player takes a step of their own
-  std::string notice;  // kNotice: what happened
-  bool silent = false;   // this copy has waited long for the remote player without a word
+  int slot = 0;         // where a pile card goes, as the board numbers it; 0 when unknown
+  std::string news;     // what the last moves did, in words
+  std::string result;   // the last game's result, kept until the next game
+  std::string hint;     // the Hint's advice, said until the player takes a step of their own
+  std::string notice;   // kNotice: what happened
+  bool silent = false;  // this copy has waited long for the remote player without a word
 };
 
 std::string PromptLine(const PromptFacts& facts);
