@@ -27,7 +27,7 @@ void Match::SetUpOptions() {
 GameRecord Match::PlayGame(MoveObserver* observer) {
   SetUpOptions();
   NewGame(g_, options_, kDrawnFirst, rng_);
-  for (ComputerSeat& seat : seats_) seat.NewGame(g_);
+  for (ai::ComputerSeat& seat : seats_) seat.NewGame(g_);
   GameRecord record;
   record.options = options_;
   if (g_.phase == Phase::kPlay) record.first_mover = g_.turn_owner;
@@ -36,7 +36,7 @@ GameRecord Match::PlayGame(MoveObserver* observer) {
     const Move m = seats_[static_cast<size_t>(g_.turn_owner - 1)].Choose(g_, rng_);
     if (!Apply(g_, m, rng_))
       throw std::logic_error("self-play chose an illegal move: " + ToString(m));
-    for (ComputerSeat& seat : seats_) seat.Applied(g_, m);
+    for (ai::ComputerSeat& seat : seats_) seat.Applied(g_, m);
     if (phase == Phase::kOpening && g_.phase == Phase::kPlay) record.first_mover = g_.turn_owner;
     if (observer) observer->Applied(m, g_);
   }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "selfplay/computer_seat.h"
+#include "ai/computer_seat.h"
 
 namespace bq::selfplay {
 
@@ -42,7 +42,7 @@ class Match {
   int move_cap_;
   GameState g_;
   OptionSet options_{};
-  std::array<ComputerSeat, 2> seats_{ComputerSeat(kSideA), ComputerSeat(kSideB)};
+  std::array<ai::ComputerSeat, 2> seats_{ai::ComputerSeat(kSideA), ai::ComputerSeat(kSideB)};
 };
 
 }  // namespace bq::selfplay

@@ -1,10 +1,10 @@
-#include "selfplay/computer_seat.h"
+#include "ai/computer_seat.h"
 
 #include <algorithm>
 
-namespace bq::selfplay {
+namespace bq::ai {
 
-using Kind = ai::TurnDecision::Kind;
+using Kind = TurnDecision::Kind;
 
 bool ComputerSeat::Reversed(const GameState& g) const {
   return side_ == kSideA ? g.a_reversed : g.opponent_row_reversed;
@@ -27,14 +27,14 @@ void ComputerSeat::NewGame(const GameState& g) {
   first_turn_ = true;
   direction_chosen_ = false;
   switch_waits_ = false;
-  ai::JudgeDeal(judge_, g.stack_size, Own(g));
+  JudgeDeal(judge_, g.stack_size, Own(g));
 }
 
 // Side A's seat must swap two different cards, so a choice to keep the Stack swaps the chosen
 // slot with its right-hand neighbour.
-Move ComputerSeat::Switch(const GameState& g, ai::SwitchChoice c) {
+Move ComputerSeat::Switch(const GameState& g, SwitchChoice c) {
   const int n = g.stack_size;
-  ai::AfterOpening(judge_, n, Own(g));
+  AfterOpening(judge_, n, Own(g));
   if (side_ == kSideB) {
     if (c.p < 1 || c.q < 1) return {MoveKind::kSwitchem, side_, 0, 0};
     return {MoveKind::kSwitchem, side_, c.p, c.q};
@@ -54,7 +54,7 @@ Move ComputerSeat::Choose(const GameState& g, Rng& rng) {
       switch_waits_ = false;
       return Switch(g, switch_);
     }
-    const ai::SwitchChoice c = ai::DecideOpening(judge_, n, Own(g), backem);
+    const SwitchChoice c = DecideOpening(judge_, n, Own(g), backem);
     if (!c.reversed) return Switch(g, c);
     switch_ = c;
     switch_waits_ = true;
@@ -65,17 +65,17 @@ Move ComputerSeat::Choose(const GameState& g, Rng& rng) {
   if (first_turn_ && backem) {
     if (!g.options[kSwitchem] && !direction_chosen_) {
       direction_chosen_ = true;
-      if (ai::DecideDirection(judge_, n, Own(g), g.discard_top)) return {MoveKind::kBackem, side_};
+      if (DecideDirection(judge_, n, Own(g), g.discard_top)) return {MoveKind::kBackem, side_};
     }
-    if (Reversed(g)) ai::Rejudge(judge_, n, Own(g));
+    if (Reversed(g)) Rejudge(judge_, n, Own(g));
   }
   first_turn_ = false;
   const auto s = static_cast<size_t>(side_);
-  const ai::TurnDecision d =
-      ai::DecideTurn(judge_,
-                     ai::ViewOfTurn(g, g.options[kTakem] && !g.takem_used[s],
-                                    g.options[kSmackem] && !g.smackem_used[s], Reversed(g)),
-                     rng);
+  const TurnDecision d =
+      DecideTurn(judge_,
+                 ViewOfTurn(g, g.options[kTakem] && !g.takem_used[s],
+                            g.options[kSmackem] && !g.smackem_used[s], Reversed(g)),
+                 rng);
   // Own slots as the judgement sees them; the opponent's cards where they are shown, which is
   // how a move names them.
   switch (d.kind) {
@@ -97,7 +97,7 @@ void ComputerSeat::Applied(const GameState& g, const Move& m) {
   const int n = g.stack_size;
   if (m.side != side_) {
     // The opponent changed this Stack under the computer: judged from scratch.
-    if (m.kind == MoveKind::kSmackem || m.kind == MoveKind::kTakem) ai::Rejudge(judge_, n, Own(g));
+    if (m.kind == MoveKind::kSmackem || m.kind == MoveKind::kTakem) Rejudge(judge_, n, Own(g));
     return;
   }
   switch (m.kind) {
@@ -105,13 +105,13 @@ void ComputerSeat::Applied(const GameState& g, const Move& m) {
     case MoveKind::kTakeDraw:
     case MoveKind::kPass:
     case MoveKind::kSpendTurn:
-      ai::UpdateAfterMove(judge_, n, Own(g));
+      UpdateAfterMove(judge_, n, Own(g));
       break;
     case MoveKind::kTakem:
-      ai::AfterTakem(judge_, n, Own(g));
+      AfterTakem(judge_, n, Own(g));
       break;
     case MoveKind::kSwitchem:
-      ai::AfterOpening(judge_, n, Own(g));
+      AfterOpening(judge_, n, Own(g));
       break;
     case MoveKind::kSmackem:
     case MoveKind::kBackem:
@@ -119,4 +119,4 @@ void ComputerSeat::Applied(const GameState& g, const Move& m) {
   }
 }
 
-}  // namespace bq::selfplay
+}  // namespace bq::ai

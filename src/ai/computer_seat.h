@@ -6,7 +6,7 @@
 #include "ai/turn.h"
 #include "engine/rules.h"
 
-namespace bq::selfplay {
+namespace bq::ai {
 
 // The computer in one seat of a game: its judgement of its own Stack, brought up to date at the
 // moments the rules list, and the moves it chooses. In side A's seat it keeps to that seat's
@@ -24,22 +24,22 @@ class ComputerSeat {
   // After every applied move, its own and the opponent's.
   void Applied(const GameState& g, const Move& m);
 
-  const ai::Judgement& judgement() const { return judge_; }
+  const Judgement& judgement() const { return judge_; }
 
  private:
   // The Stack in the orientation the judgement works in.
   const int* Own(const GameState& g);
   int Slot(const GameState& g, int own_slot) const;
   bool Reversed(const GameState& g) const;
-  Move Switch(const GameState& g, ai::SwitchChoice c);
+  Move Switch(const GameState& g, SwitchChoice c);
 
   int side_;
-  ai::Judgement judge_;
+  Judgement judge_;
   std::array<int, kMaxStackSize + 2> view_{};
   bool first_turn_ = true;
   bool direction_chosen_ = false;
   bool switch_waits_ = false;  // the opening swap, chosen with the reversal just made
-  ai::SwitchChoice switch_;
+  SwitchChoice switch_;
 };
 
-}  // namespace bq::selfplay
+}  // namespace bq::ai
