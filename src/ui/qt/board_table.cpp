@@ -21,6 +21,8 @@ constexpr double kBeside = 0.9;     // text beside the cards against their numer
 constexpr double kPileWidth = 1.2;  // a pile card against a Stack card
 constexpr double kPileHeight = 2.4;
 constexpr double kRowGap = 1;
+constexpr double kTallest = 0.5;     // extra height a card may take from spare room
+constexpr double kWidestGap = 0.25;  // and a row gap, against a card's height
 constexpr double kColumnGap = 6;
 constexpr double kPilesGap = 24;  // between your Stack and the piles
 constexpr double kBetweenPiles = 10;
@@ -172,6 +174,16 @@ void BoardTable::Arrange() {
   Sizes s = Measure(placed_font_, n_);
   ApplyFonts(FontsFor(placed_font_));
   // Whole pixels, the same for every card, so that every face gets the same font.
+  // A board bound by the width leaves height to spare on a tall screen: the rows take it, as
+  // taller cards and wider gaps, rather than leaving the lower half empty. The numerals keep the
+  // size the width allows, and the cards never stretch past half as tall again.
+  double gap = kRowGap;
+  if (const double spare = height() - s.height; spare > n_) {
+    const double per_row = spare / n_;
+    const double taller = std::min(per_row * 0.7, s.card_h * kTallest);
+    gap += std::min(per_row - taller, s.card_h * kWidestGap);
+    s.card_h += taller;
+  }
   s.card_w = std::floor(s.card_w);
   s.card_h = std::floor(s.card_h);
   s.pile_w = std::floor(s.pile_w);
@@ -191,7 +203,7 @@ void BoardTable::Arrange() {
   Place(a.heading, Round(a_left, y0, s.stack_w, s.heading_h));
   for (int k = 1; k <= n_; ++k) {
     const auto i = static_cast<size_t>(k);
-    const double y = rows + (k - 1) * (s.card_h + kRowGap);
+    const double y = rows + (k - 1) * (s.card_h + gap);
     Place(b.ranges[i], Round(b_range, y, s.range_w - 2, s.card_h));
     Place(b.cards[i], Round(b_card, y, s.card_w, s.card_h));
     Place(b.backs[i], Round(b_card, y, s.card_w, s.card_h));
@@ -201,7 +213,7 @@ void BoardTable::Arrange() {
     Place(a.cards[i], Round(a_card, y, s.card_w, s.card_h));
     Place(a.backs[i], Round(a_card, y, s.card_w, s.card_h));
   }
-  const double setup_y = rows + n_ * (s.card_h + kRowGap) - kRowGap + kBelowRows;
+  const double setup_y = rows + n_ * (s.card_h + gap) - gap + kBelowRows;
   // Under the cards, at the inner side of the column like them, as wide as their captions need.
   const double b_setup = std::max(s.setup_w, s.range_w + s.card_w + s.verdict_w);
   for (const auto& [side, left, width] : {std::tuple{&b, verdict + s.verdict_w - b_setup, b_setup},

@@ -1,16 +1,37 @@
 #include "ui/qt/side_panel.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QEvent>
 #include <QFontInfo>
 #include <QLabel>
 #include <QLayout>
+#include <QProxyStyle>
+#include <QRadioButton>
 #include <algorithm>
 #include <cmath>
 
 #include "ui/qt/board_table.h"
 
 namespace bq::qt {
+
+class ScaledIndicators : public QProxyStyle {
+ public:
+  double scale = 1;
+  int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                  const QWidget* widget) const override {
+    const int natural = QProxyStyle::pixelMetric(metric, option, widget);
+    switch (metric) {
+      case PM_IndicatorWidth:
+      case PM_IndicatorHeight:
+      case PM_ExclusiveIndicatorWidth:
+      case PM_ExclusiveIndicatorHeight:
+        return static_cast<int>(std::lround(natural * scale));
+      default:
+        return natural;
+    }
+  }
+};
 
 SidePanel::SidePanel(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
@@ -67,6 +88,16 @@ void SidePanel::SetScale(double scale) {
   QFont f;  // the size only: bold captions stay bold
   if (px != ui) f.setPixelSize(px);
   setFont(f);
+  // The boxes and dots grow with their captions. The style that draws them so is made only when
+  // the texts first leave the desktop's size, which keeps it out of the start.
+  if (indicators_ == nullptr && px != ui) {
+    indicators_ = new ScaledIndicators;
+    indicators_->setParent(this);
+    for (QAbstractButton* b : findChildren<QAbstractButton*>())
+      if (qobject_cast<QCheckBox*>(b) != nullptr || qobject_cast<QRadioButton*>(b) != nullptr)
+        b->setStyle(indicators_);
+  }
+  if (indicators_ != nullptr) indicators_->scale = static_cast<double>(px) / std::max(1, ui);
   updateGeometry();
 }
 
@@ -101,13 +132,19 @@ void MoveList::Arrange() {
   const int title_h = title_->sizeHint().height();
   title_->setGeometry(inner.left(), y, inner.width(), title_h);
   y += title_h + 2;
+  bool full = false;
   for (int i = 1; i <= kEntries; ++i) {
     QLabel* label = entries_[static_cast<size_t>(i)];
     int h = label->text().isEmpty() ? 0 : label->heightForWidth(inner.width());
-    // Whole lines only: the last entry that fits in part ends at a line's end.
-    const int line = label->fontMetrics().lineSpacing();
-    h = std::clamp(h, 0, std::max(0, (inner.y() + inner.height() - y) / line * line));
-    // Beyond the bottom an entry waits, out of sight, for more room.
+    // Whole entries only, so that none reads as a sentence cut short; the newest alone may end
+    // at a line's end when even it does not fit. Beyond the bottom an entry waits, out of sight,
+    // for more room.
+    const int room = full ? 0 : std::max(0, inner.y() + inner.height() - y);
+    if (h > room) {
+      const int line = label->fontMetrics().lineSpacing();
+      h = i == 1 ? room / line * line : 0;
+      full = true;  // an older entry never shows without the one before it
+    }
     label->setGeometry(inner.left(), y, inner.width(), h);
     y += h + (h > 0 ? 3 : 0);
   }

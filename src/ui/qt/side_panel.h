@@ -9,6 +9,7 @@ class QLabel;
 namespace bq::qt {
 
 class BoardTable;
+class ScaledIndicators;
 
 // The column beside the table: options, game buttons, prompts and the move list. Its texts follow
 // the cards, down to kSmallest of the window's font and up; it never asks for less room than at
@@ -37,6 +38,7 @@ class SidePanel : public QWidget {
  private:
   QSize base_, small_;
   double scale_ = 1;
+  ScaledIndicators* indicators_ = nullptr;  // made at the first scaled size
   int extra_ = 0;
 };
 
