@@ -78,6 +78,9 @@ BoardTable::BoardTable(QWidget* parent) : QWidget(parent) {
 }
 
 void BoardTable::Finish() {
+  // The table places its parts itself. One that has never been given a size would measure
+  // itself for its own size each time it is shown, which the window's first frame waits for.
+  for (QWidget* w : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) w->resize(w->size());
   SetStackSize(n_);
 }
 
@@ -96,34 +99,66 @@ BoardTable::Fonts BoardTable::FontsFor(double font_px) const {
           Sized(font(), beside, false), Sized(font(), beside, true)};
 }
 
-BoardTable::Sizes BoardTable::Measure(double font_px, int n) const {
+const BoardTable::TextRoom& BoardTable::TextsAt(double font_px) const {
+  QString captions;  // what was measured: a caption that changes measures afresh
+  for (QWidget* button : {a.setups[0], a.setups[1], b.setups[0], b.setups[1]})
+    if (button != nullptr) captions += button->property("text").toString() + QLatin1Char('\n');
+  for (QLabel* heading : {a.heading, b.heading})
+    if (heading != nullptr) captions += heading->text() + QLatin1Char('\n');
+  if (captions != measured_captions_) {
+    measured_captions_ = captions;
+    text_room_.clear();
+  }
+  const int key = static_cast<int>(std::lround(font_px * kBeside));
+  if (auto it = text_room_.find(key); it != text_room_.end()) return it->second;
+  TextRoom t;
+  const Fonts f = FontsFor(font_px);
+  const QFontMetricsF mono(f.mono), keys(f.keys), label(f.label), bold(f.heading);
+  t.range_w = mono.horizontalAdvance(QStringLiteral(" 100")) + 4;
+  t.verdict_w = mono.horizontalAdvance(QLatin1Char('R')) + 8;
+  t.key_w = keys.horizontalAdvance(QStringLiteral("\u21e70")) + 6;
+  t.heading_h = bold.height() + 4;
+  t.line_h = label.lineSpacing();
+  t.setup_h = label.height() + 10;
+  for (QWidget* button : a.setups)
+    if (button != nullptr)
+      t.widest_setup =
+          std::max(t.widest_setup, label.horizontalAdvance(button->property("text").toString()) +
+                                       label.height() + 8);
+  for (QLabel* heading : {a.heading, b.heading})
+    if (heading != nullptr)
+      t.widest_heading = std::max(t.widest_heading, bold.horizontalAdvance(heading->text()) + 4);
+  return text_room_.emplace(key, t).first->second;
+}
+
+BoardTable::TextRoom BoardTable::TextsScaled(double font_px) const {
+  const int measured = std::max(1, static_cast<int>(std::lround(QFontInfo(font()).pixelSize())));
+  const double k = font_px * kBeside / measured;
+  TextRoom t = TextsAt(measured / kBeside);
+  for (double* v : {&t.range_w, &t.verdict_w, &t.key_w, &t.heading_h, &t.line_h, &t.setup_h,
+                    &t.widest_setup, &t.widest_heading})
+    *v *= k;
+  return t;
+}
+
+BoardTable::Sizes BoardTable::Measure(double font_px, int n, bool exact) const {
   Sizes s;
   const QSizeF card = CardSizeFor(font_px);
   s.card_w = card.width();
   s.card_h = card.height();
   s.pile_w = s.card_w * kPileWidth;
   s.pile_h = s.card_h * kPileHeight;
-  const Fonts f = FontsFor(font_px);
-  const QFontMetricsF mono(f.mono), keys(f.keys), label(f.label), bold(f.heading);
-  s.range_w = mono.horizontalAdvance(QStringLiteral(" 100")) + 4;
-  s.verdict_w = mono.horizontalAdvance(QLatin1Char('R')) + 8;
-  s.key_w = keys.horizontalAdvance(QStringLiteral("\u21e70")) + 6;
-  s.heading_h = bold.height() + 4;
-  s.line_h = label.lineSpacing();
+  const TextRoom t = exact ? TextsAt(font_px) : TextsScaled(font_px);
+  s.range_w = t.range_w;
+  s.verdict_w = t.verdict_w;
+  s.key_w = t.key_w;
+  s.heading_h = t.heading_h;
+  s.line_h = t.line_h;
   // The set-up buttons need their captions' room, not a style's wider default, and the headings
-  // theirs: neither is cut off, whatever the font.
-  s.setup_w = s.range_w + s.card_w;
-  double widest = 0;  // the two share the row in halves
-  for (QWidget* button : a.setups)
-    if (button != nullptr)
-      widest = std::max(widest, label.horizontalAdvance(button->property("text").toString()) +
-                                    label.height() + 8);
-  s.setup_w = std::max(s.setup_w, 2 * widest + kColumnGap);
-  s.setup_h = label.height() + 10;
-  s.stack_w = s.setup_w;
-  for (QLabel* heading : {a.heading, b.heading})
-    if (heading != nullptr)
-      s.stack_w = std::max(s.stack_w, bold.horizontalAdvance(heading->text()) + 4);
+  // theirs: neither is cut off, whatever the font. The two buttons share the row in halves.
+  s.setup_w = std::max(s.range_w + s.card_w, 2 * t.widest_setup + kColumnGap);
+  s.setup_h = t.setup_h;
+  s.stack_w = std::max(s.setup_w, t.widest_heading);
   s.width = 2 * s.stack_w + s.verdict_w + 3 * kColumnGap + s.key_w + kPilesGap + 2 * s.pile_w +
             kBetweenPiles;
   s.height = s.heading_h + n * s.card_h + (n - 1) * kRowGap + kBelowRows + s.setup_h;
@@ -135,13 +170,20 @@ double BoardTable::SmallestFont() const {
 }
 
 double BoardTable::FitFont(QSize room, int n) const {
+  auto fits = [&](double px, bool exact) {
+    const Sizes s = Measure(px, n, exact);
+    return s.width <= room.width() && s.height <= room.height();
+  };
   double low = SmallestFont(), high = QFontInfo(font()).pixelSize() * 5.0;
-  // The largest size that fits, to a tenth of a pixel.
+  // The largest size that fits, to a tenth of a pixel, found with the texts scaled from one
+  // measured size (a new size of font costs more than the whole search), then checked with the
+  // texts measured at the size found, stepping down while hinting makes them a pixel wider.
   while (high - low > 0.1) {
     const double mid = (low + high) / 2;
-    const Sizes s = Measure(mid, n);
-    (s.width <= room.width() && s.height <= room.height() ? low : high) = mid;
+    (fits(mid, false) ? low : high) = mid;
   }
+  const double smallest = SmallestFont();
+  while (low > smallest && !fits(low, true)) low = std::max(smallest, low - 0.5);
   return low;
 }
 
@@ -163,13 +205,22 @@ void BoardTable::resizeEvent(QResizeEvent* event) {
 void BoardTable::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::FontChange) {
+    text_room_.clear();
     updateGeometry();
     Arrange();
   }
 }
 
+void BoardTable::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (arrange_pending_) Arrange();
+}
+
 void BoardTable::Arrange() {
   if (a.cards[1] == nullptr) return;  // not filled in yet
+  // Out of sight, the size is not the one the table will be shown at.
+  arrange_pending_ = !isVisible();
+  if (arrange_pending_) return;
   placed_font_ = FitFont(size(), n_);
   Sizes s = Measure(placed_font_, n_);
   ApplyFonts(FontsFor(placed_font_));
@@ -274,6 +325,7 @@ PromptArea::PromptArea(QWidget* parent) : QFrame(parent) {
 }
 
 void PromptArea::Add(PromptButton* button, bool move_button) {
+  button->resize(button->size());  // placed by Arrange: see BoardTable::Finish
   buttons_.emplace_back(button, move_button);
   heights_.clear();
   updateGeometry();

@@ -58,6 +58,7 @@ class BoardTable : public QWidget {
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   struct Sizes;
@@ -67,13 +68,25 @@ class BoardTable : public QWidget {
     QFont mono, keys, label, heading;
   };
   Fonts FontsFor(double font_px) const;
-  Sizes Measure(double font_px, int n) const;
+  // With `exact` false, the texts are scaled from those at the window's font: for searching.
+  Sizes Measure(double font_px, int n, bool exact = true) const;
+  // What the texts beside the cards need at one pixel size. Fonts come in whole pixels, so the
+  // search for the largest board measures each size's texts once.
+  struct TextRoom {
+    double range_w = 0, verdict_w = 0, key_w = 0, heading_h = 0, line_h = 0;
+    double setup_h = 0, widest_setup = 0, widest_heading = 0;
+  };
+  const TextRoom& TextsAt(double font_px) const;
+  TextRoom TextsScaled(double font_px) const;
   void ApplyFonts(const Fonts& f);
   void Arrange();
 
   int n_ = 10;
   std::array<QLabel*, kMaxStackSize + 1> keys_{};
   double placed_font_ = 0;
+  bool arrange_pending_ = true;
+  mutable std::map<int, TextRoom> text_room_;  // by the texts' pixel size
+  mutable QString measured_captions_;
 };
 
 // The prompt buttons' area: room for two at once, the move's own button (cmdPlayA, cmdPlayB) in

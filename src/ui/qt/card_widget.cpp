@@ -6,6 +6,8 @@
 #include <QFontInfo>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPixmap>
+#include <QPixmapCache>
 #include <QRegularExpression>
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -96,6 +98,29 @@ void PaintBack(QPainter& p, const QRectF& r, bool question, const QFont& font) {
     p.setFont(font);
     p.drawText(r, Qt::AlignCenter, QStringLiteral("?"));
   }
+}
+
+// The backs are all alike and their hatching is the costliest thing on the board to draw: each
+// size is drawn once, and the rest of the Stack is copied.
+void PaintBackCached(QPainter& p, const QRectF& outer, const QRectF& r, bool question,
+                     const QFont& font, qreal dpr) {
+  const QString key = QStringLiteral("bq-back %1x%2 %3 %4 %5")
+                          .arg(outer.width())
+                          .arg(outer.height())
+                          .arg(question ? font.pixelSize() : 0)
+                          .arg(dpr);
+  QPixmap back;
+  if (!QPixmapCache::find(key, &back)) {
+    back = QPixmap((outer.size() * dpr).toSize());
+    back.setDevicePixelRatio(dpr);
+    back.fill(Qt::transparent);
+    QPainter q(&back);
+    q.setRenderHint(QPainter::Antialiasing);
+    PaintBack(q, r, question, font);
+    q.end();
+    QPixmapCache::insert(key, back);
+  }
+  p.drawPixmap(outer.topLeft(), back);
 }
 
 }  // namespace
@@ -210,7 +235,8 @@ void CardLabel::paintEvent(QPaintEvent*) {
   const double radius = Radius(r);
   const bool hover = isEnabled() && underMouse();
   if (faceDown()) {
-    PaintBack(p, r, text() == QLatin1String(kFaceDown), face_font_);
+    PaintBackCached(p, outer, r, text() == QLatin1String(kFaceDown), face_font_,
+                    devicePixelRatioF());
     // Face-down cards can be picked too (the opponent's, for Smackem and Takem).
     if (marked_ || hover) {
       p.setPen(QPen(marked_ ? kMarkedEdge : kHoverEdge, marked_ ? 3 : 2));
@@ -315,9 +341,19 @@ void PromptButton::setStandsOut(bool on) {
 }
 
 int PromptButton::heightForWidth(int width) const {
-  const QRect bounds = fontMetrics().boundingRect(
-      TextRect(QRect(0, 0, width, 10000)), Qt::AlignCenter | Qt::TextWordWrap, Lines(text()));
-  return std::max(bounds.height() + 12, fontMetrics().height() * 2 + 12);
+  // Laying out wrapped text is slow and the area asks every button at the same few widths.
+  if (text() != measured_text_ || font() != measured_font_) {
+    measured_text_ = text();
+    measured_font_ = font();
+    heights_.clear();
+  }
+  auto [known, fresh] = heights_.emplace(width, 0);
+  if (fresh) {
+    const QRect bounds = fontMetrics().boundingRect(
+        TextRect(QRect(0, 0, width, 10000)), Qt::AlignCenter | Qt::TextWordWrap, Lines(text()));
+    known->second = std::max(bounds.height() + 12, fontMetrics().height() * 2 + 12);
+  }
+  return known->second;
 }
 
 QSize PromptButton::sizeHint() const {

@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QString>
 #include <QWidget>
+#include <map>
 
 namespace bq::qt {
 
@@ -87,6 +88,9 @@ class PromptButton : public QPushButton {
  private:
   QRect TextRect(const QRect& rect) const;
   bool stands_out_ = false;
+  mutable std::map<int, int> heights_;  // by width, for measured_text_ in measured_font_
+  mutable QString measured_text_;
+  mutable QFont measured_font_;
 };
 
 // A heading whose blank-separated words stand over equal columns below it ("Wins   Losses   Ties"

@@ -117,6 +117,7 @@ MoveList::MoveList(QWidget* parent) : QFrame(parent) {
   title_->setFont(bold);
   for (int i = 1; i <= kEntries; ++i) {
     auto* label = new QLabel(this);
+    label->resize(label->size());  // placed by Arrange, never measured for its own size
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
