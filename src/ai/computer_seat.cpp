@@ -93,6 +93,10 @@ Move ComputerSeat::Choose(const GameState& g, Rng& rng) {
   return {MoveKind::kPass, side_};
 }
 
+void ComputerSeat::StackSetByHand(const GameState& g) {
+  Rejudge(judge_, g.stack_size, Own(g));
+}
+
 void ComputerSeat::Applied(const GameState& g, const Move& m) {
   const int n = g.stack_size;
   if (m.side != side_) {

@@ -23,6 +23,8 @@ class ComputerSeat {
   Move Choose(const GameState& g, Rng& rng);
   // After every applied move, its own and the opponent's.
   void Applied(const GameState& g, const Move& m);
+  // Its Stack was set by other means than a move (a position set up by hand): judged afresh.
+  void StackSetByHand(const GameState& g);
 
   const Judgement& judgement() const { return judge_; }
 

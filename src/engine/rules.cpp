@@ -35,7 +35,13 @@ bool IsPair(const GameState& g, const Move& m) {
   return IsSlot(g, m.slot1) && IsSlot(g, m.slot2) && (m.side == kSideB || m.slot1 != m.slot2);
 }
 
-bool Decided(GameState& g) {
+// The first result of a game stands. Found by a move in play it ends the game; found at the deal
+// or when the opening ends, it is shown and play goes on.
+bool Decided(GameState& g, int earlier) {
+  if (earlier != kUndecided) {
+    g.turn_result = earlier;
+    return false;
+  }
   if (g.turn_result == kUndecided) return false;
   g.phase = Phase::kDecided;
   return true;
@@ -58,8 +64,10 @@ void Switch(GameState& g, const Move& m, Rng& rng) {
     g.turn_owner = Other(m.side);
     return;
   }
+  const int earlier = g.turn_result;
   TestBothStacks(g, g.options[kBackem]);
-  if (!Decided(g)) StartPlay(g, rng);
+  if (earlier != kUndecided) g.turn_result = earlier;
+  StartPlay(g, rng);
 }
 
 }  // namespace
@@ -75,7 +83,6 @@ void BeginGame(GameState& g, const OptionSet& options, int first, Rng& rng) {
   g.opponent_row_reversed = false;
   g.turn_owner = first == kDrawnFirst ? kSideA : first;
   TestBothStacks(g, options[kBackem]);
-  if (Decided(g)) return;
   if (options[kSwitchem])
     g.phase = Phase::kOpening;
   else
@@ -147,6 +154,7 @@ bool Apply(GameState& g, const Move& m, Rng& rng) {
   const int side = m.side;
   const int other = Other(side);
   const bool backem = g.options[kBackem];
+  const int earlier = g.turn_result;
   // Side A names the opponent's cards where they are shown.
   const auto theirs = [&](int slot) { return side == kSideA ? g.DisplayPos(slot) : slot; };
   switch (m.kind) {
@@ -168,14 +176,14 @@ bool Apply(GameState& g, const Move& m, Rng& rng) {
       // The mover hands over first, so the test looks at the Stack that was just changed.
       g.turn_owner = other;
       TestOneStack(g, backem);
-      Decided(g);
+      Decided(g, earlier);
       return true;
     case MoveKind::kTakem:
       g.takem_used[static_cast<size_t>(side)] = true;
       std::swap(g.Card(side, m.slot1), g.Card(other, theirs(m.slot2)));
       CountMove(g, side);
       TestBothStacks(g, backem);
-      if (!Decided(g)) g.turn_owner = other;
+      if (!Decided(g, earlier)) g.turn_owner = other;
       return true;
     case MoveKind::kTakeDiscard:
       TakeDiscard(g, side, m.slot1);
@@ -195,7 +203,7 @@ bool Apply(GameState& g, const Move& m, Rng& rng) {
     TestBothStacks(g, backem);
   else if (m.kind == MoveKind::kTakeDiscard || m.kind == MoveKind::kTakeDraw)
     TestOneStack(g, backem);
-  if (!Decided(g)) g.turn_owner = other;
+  if (!Decided(g, earlier)) g.turn_owner = other;
   return true;
 }
 

@@ -16,8 +16,10 @@ namespace bq {
 inline constexpr int kDrawnFirst = 0;
 
 // Starts the game whose cards lie dealt in `g` (by ShuffleAndDeal, or received): clears the
-// counts, the result and the once-per-game flags, tests both Stacks and, unless the deal decided
-// the game, opens with Switchem or starts play. The Stack size must already suit the options.
+// counts, the result and the once-per-game flags, tests both Stacks and opens with Switchem or
+// starts play. A result at the deal, or when the opening ends, stands but does not stop play;
+// the first result found by a move in play ends the game. The Stack size must already suit the
+// options.
 void BeginGame(GameState& g, const OptionSet& options, int first, Rng& rng);
 // ShuffleAndDeal, then BeginGame.
 void NewGame(GameState& g, const OptionSet& options, int first, Rng& rng);
@@ -28,7 +30,7 @@ std::vector<Move> LegalMoves(const GameState& g, int side);
 
 // Makes the move and runs the order test that its kind calls for: after side A's take, its own
 // Stack; after side B's pile move, both; after a Smackem, the Stack it changed; after a Takem
-// and after the opening, both. The first result decides the game. Draws from `rng` when the
+// and after the opening, both. The first result of the game stands. Draws from `rng` when the
 // Draw Pile is renewed and for the first mover drawn after the opening. Returns false, changing
 // nothing, for a move that is not legal.
 bool Apply(GameState& g, const Move& m, Rng& rng);

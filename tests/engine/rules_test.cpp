@@ -168,7 +168,7 @@ TEST(Referee, BackemTurnsSideBsStackRoundAndOnlyMarksSideAs) {
   EXPECT_EQ(g.DisplayPos(1), 10);
 }
 
-TEST(Referee, OpeningThenPlayAndADealDecidesAtOnce) {
+TEST(Referee, OpeningThenPlayAndAResultAtTheDealStands) {
   const std::initializer_list<int> a = {1, 2, 3, 4, 5, 6, 7, 8, 10, 9};
   const std::initializer_list<int> b = {20, 11, 30, 40, 50, 60, 70, 80, 90, 95};
   // Against the computer: side A opens, then side B; the first mover is drawn after both.
@@ -196,19 +196,31 @@ TEST(Referee, OpeningThenPlayAndADealDecidesAtOnce) {
   BeginGame(g, With({kSwitchem}), kSideB, rng);
   EXPECT_EQ(g.turn_owner, kSideB);
   ASSERT_TRUE(Apply(g, {K::kSwitchem, kSideB, 3, 4}, rng));
-  // Side A's swap puts its Stack in order and ends the opening: both are tested.
+  // Side A's swap puts its Stack in order and ends the opening: both are tested. The result
+  // stands, and play starts all the same.
   ASSERT_TRUE(Apply(g, {K::kSwitchem, kSideA, 9, 10}, rng));
   EXPECT_EQ(g.turn_result, kAInOrder);
-  EXPECT_EQ(g.phase, Phase::kDecided);
+  EXPECT_EQ(g.phase, Phase::kPlay);
+  EXPECT_EQ(g.turn_owner, kSideB);
   EXPECT_EQ(rng.draws(), 1);
 
-  // A dealt Stack in order decides the game before any opening, and nothing more is legal.
+  // A dealt Stack in order decides the game, and play goes on with that result standing: a move
+  // that breaks the order changes nothing, and neither does a later order.
   g = Position({10, 20, 30, 40, 50, 60, 70, 80, 90, 95}, b);
   BeginGame(g, With({kSwitchem}), kDrawnFirst, rng);
   EXPECT_EQ(g.turn_result, kAInOrder);
-  EXPECT_TRUE(LegalMoves(g, kSideA).empty());
-  EXPECT_TRUE(LegalMoves(g, kSideB).empty());
-  EXPECT_EQ(rng.draws(), 1);
+  EXPECT_EQ(g.phase, Phase::kOpening);
+  ASSERT_TRUE(Apply(g, {K::kSwitchem, kSideA, 1, 2}, rng));
+  rng.Script({0.7f});
+  ASSERT_TRUE(Apply(g, {K::kSwitchem, kSideB}, rng));
+  EXPECT_EQ(g.turn_result, kAInOrder);
+  EXPECT_EQ(g.phase, Phase::kPlay);
+  ASSERT_EQ(g.turn_owner, kSideB);
+  g.discard_top = 25;
+  ASSERT_TRUE(Apply(g, {K::kTakeDiscard, kSideB, 2}, rng));  // side B's Stack is in order now
+  EXPECT_EQ(g.turn_result, kAInOrder);
+  EXPECT_EQ(g.phase, Phase::kPlay);
+  EXPECT_EQ(g.turn_owner, kSideA);
 }
 
 // Random legal moves from deals with nearly ordered Stacks (so that games end), and random
@@ -235,6 +247,7 @@ TEST(Referee, RandomPlayoutsKeepEveryInvariant) {
       BeginGame(g, options, game % 3 == 0 ? kSideB : kDrawnFirst, rng);
       std::array<int, 3> counted{};
       bool renewed = false;
+      int result = kUndecided;
       for (int step = 0; step < 200 && g.phase != Phase::kDecided; ++step) {
         const int side = g.turn_owner;
         const std::vector<Move> legal = LegalMoves(g, side);
@@ -276,8 +289,9 @@ TEST(Referee, RandomPlayoutsKeepEveryInvariant) {
           ASSERT_EQ(g.turn_owner, side);
         } else if (phase == g.phase) {
           ASSERT_NE(g.turn_owner, side) << ToString(m);
-          ASSERT_EQ(g.turn_result, kUndecided);
+          ASSERT_EQ(g.turn_result, result);  // a result from the opening's end stands
         }
+        if (phase == Phase::kOpening && g.phase == Phase::kPlay) result = g.turn_result;
       }
       decided += g.phase == Phase::kDecided;
       renewals += renewed;

@@ -387,20 +387,20 @@ bool GameModel::ClickControl(std::string_view name) {
     bool computer;  // the computer's buttons play the click and withdraw before the move goes on
   };
   const Action actions[] = {
-      {&cmdCTakesDiscard, &GameModel::CompleteComputerDiscard, true},
-      {&cmdCTakesDraw, &GameModel::CompleteComputerDraw, true},
-      {&cmdCTakesNothing, &GameModel::CompleteComputerNothing, true},
-      {&cmdTakemC, &GameModel::ApplyComputerTakem, true},
-      {&cmdSmackemC, &GameModel::ApplyComputerSmackem, true},
-      {&cmdSwitchemC, &GameModel::ApplyComputerSwitchem, true},
-      {&cmdBackemC, &GameModel::ApplyComputerReversal, true},
+      {&cmdCTakesDiscard, &GameModel::ReleaseComputerMove, true},
+      {&cmdCTakesDraw, &GameModel::ReleaseComputerMove, true},
+      {&cmdCTakesNothing, &GameModel::ReleaseComputerMove, true},
+      {&cmdTakemC, &GameModel::ReleaseComputerMove, true},
+      {&cmdSmackemC, &GameModel::ReleaseComputerMove, true},
+      {&cmdSwitchemC, &GameModel::ReleaseComputerMove, true},
+      {&cmdBackemC, &GameModel::ReleaseComputerMove, true},
       {&cmdSwitchemA, &GameModel::CompleteSwitchemA, false},
       {&cmdSetupSmackemA, &GameModel::SetupSmackemA, false},
       {&cmdSetupTakemA, &GameModel::SetupTakemA, false},
       {&cmdSmackemA, &GameModel::CompleteSmackemA, false},
       {&cmdTakemA, &GameModel::CompleteTakemA, false},
-      {&cmdSmackemB, &GameModel::ApplySmackemB, false},
-      {&cmdTakemB, &GameModel::ApplyTakemB, false},
+      {&cmdSmackemB, &GameModel::ApplyHeldB, false},
+      {&cmdTakemB, &GameModel::ApplyHeldB, false},
   };
   for (const auto& a : actions) {
     if (c != a.button) continue;

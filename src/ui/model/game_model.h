@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "ai/decisions.h"
-#include "engine/game_state.h"
+#include "ai/computer_seat.h"
+#include "engine/rules.h"
 #include "net/link.h"
 #include "net/message.h"
 #include "net/session.h"
@@ -218,10 +218,6 @@ class GameModel : public WindowModel {
   void LockControlsForGame();
   void ShowDeal();
   void EndIfDecided();
-  // The order tests of a move. Once a game is decided its first result stands: later tests in it
-  // neither change TurnResult nor end anything.
-  void TestMover();
-  void TestBoth();
   void Ending(Outcome outcome, Control& button);
   void RevealBoard();
   void RecordResult(Outcome outcome);
@@ -247,29 +243,20 @@ class GameModel : public WindowModel {
   bool MoveChosen() const;  // a pile move or a pass would be made now
   void WithdrawEmptyMove();
   void CompleteMoveA();
-  void EndOfMoveB();
-  void CountMove(int side);
-  void NextTurnUnlessDecided(int side);
+  void PlayPileMoveB(const Move& m);
+  bool Play(const Move& m);
+  void NextTurnUnlessDecided();
   void UnmarkCardsA();
   int MarkedCount(const SlotControls& labels) const;
 
   // The computer's turn (game_computer.cpp).
   void StartComputerTurn();
-  void OrdinaryComputerTurn();
-  void ShowComputerDraw();
-  void CompleteComputerDiscard();
-  void CompleteComputerDraw();
-  void CompleteComputerNothing();
-  void ShowComputerTakem(const ai::TakemChoice& choice);
-  void ShowComputerSmackem(const ai::SmackemChoice& choice);
-  void ApplyComputerTakem();
-  void ApplyComputerSmackem();
-  void ComputerDirectionChoice();
-  void ApplyComputerReversal();
-  void ComputerSwitchemChoice();
-  void ApplyComputerSwitchem();
+  Move ChooseComputerMove();
+  void ComputerMove();
+  void ReleaseComputerMove();
   void ClearComputerMarks();
   void RefreshGoodBad();
+  void RefreshGoodBad(bool reversed);
 
   // Special moves of side A and the receiving side (game_option_moves.cpp).
   void StartSwitchemA();
@@ -277,17 +264,16 @@ class GameModel : public WindowModel {
   void SetupSmackemA();
   void SetupTakemA();
   void BeginPick(Selecting kind);
-  void FinishPick(Control& prompt, Control& setup, std::array<bool, 3>& used,
-                  std::initializer_list<int> changed);
+  void FinishPick(Control& prompt, Control& setup, std::initializer_list<int> changed);
   void AbandonPick();
   void CancelSelection();
   void CompleteSmackemA();
   void CompleteTakemA();
-  void ApplySmackemB();
-  void ApplyTakemB();
+  void ApplyHeldB();
 
   // Remote play (game_remote.cpp).
   void SendToOpponent(const net::Message& m);
+  void SendMove(const Move& m);
   void RelayClick(const net::Message& m);  // only watched in Learn Mode
   net::Moment Now() const;
   void ReceiveMessage(const std::string& text);
@@ -309,8 +295,8 @@ class GameModel : public WindowModel {
   void OnMessage(const net::Quit&);
   void OnMessage(const net::Exit&);
   void AwaitFirstRemoteMove();
-  void PlayB(int slot, bool discard);
-  void SwitchemSent(int first, int second);
+  void PlayB(const Move& m);
+  void SwitchemSent(const Move& m);
   void OpponentGone(Control& prompt);
   void EnableBetweenRemoteGames();
   void AcknowledgePrompt(Control& prompt);
@@ -337,6 +323,8 @@ class GameModel : public WindowModel {
   Platform& platform_;
   std::string settings_path_;
   GameState g_;
+  ai::ComputerSeat seat_{kSideB};
+  // The computer's judgement as the display shows it: the seat's, taken after each of its steps.
   ai::Judgement judge_;
   Settings loaded_;  // what the file held at the last load
 
@@ -376,7 +364,6 @@ class GameModel : public WindowModel {
   std::int64_t waiting_since_ms_ = -1;  // when this copy began to wait for the opponent
   bool silence_told_ = false;
   std::set<std::string> strangers_;  // senders already named on the prompt line
-  int decided_result_ = kUndecided;  // the game's first result, once it has one
   bool shown_face_up_ = false;       // the opponent's cards were on show during this game
   bool sound_on_ = true;
   bool ask_before_abandoning_ = true;
@@ -385,19 +372,8 @@ class GameModel : public WindowModel {
   Pending pending_ = Pending::kNone;
   int popup_slot_ = 0;
 
-  // Turn fields.
-  int chosen_slot_ = 0;
-  int replaced_card_ = 0;
-  int card_in_hand_ = 0;
-  std::array<bool, 3> smackem_used_{};
-  std::array<bool, 3> takem_used_{};
-  int switch_pos_a_ = 0;
-  int switch_pos_b_ = 0;
-  std::array<int, 3> special_positions_{};
-  std::array<int, 3> special_cards_{};
-  std::array<int, 3> takem_positions_{};
-  int take_slot_ = 0, give_slot_ = 0, taken_card_ = 0, given_card_ = 0;
-  int smack_slot1_ = 0, smack_slot2_ = 0, smack_card1_ = 0, smack_card2_ = 0;
+  // Side B's move on show until its button (pending_ says which button).
+  Move held_;
 
   // The prompt line: the position after the last counted move, what this event has to tell,
   // the last result, and the controls lit up.

@@ -17,7 +17,6 @@ int Clamp(int slot, int n) {
 }  // namespace
 
 void GameModel::StartSwitchemA() {
-  g_.turn_owner = kSideA;
   selecting_ = Selecting::kSwitchemA;
   lblDiscardPile.caption.clear();
   lblDiscardPile.enabled = lblDrawPile.enabled = false;
@@ -50,18 +49,18 @@ void GameModel::CompleteSwitchemA() {
     Prompt(cmdSwitchemA);  // not exactly two: pick again
     return;
   }
-  std::swap(g_.Card(kSideA, first), g_.Card(kSideA, second));
+  const Move m{MoveKind::kSwitchem, kSideA, first, second};
+  if (!Play(m)) return;
   ShowCardA(first);
   ShowCardA(second);
   for (int k = 1; k <= N(); ++k) lblCardA[static_cast<size_t>(k)].enabled = false;
   Hide(cmdSwitchemA);
   selecting_ = Selecting::kNone;
-  CountMove(kSideA);
   lblDiscardPile.caption = CardFace(g_.discard_top);
   if (vs_computer_)
-    ComputerSwitchemChoice();
+    ComputerMove();
   else
-    SwitchemSent(first, second);
+    SwitchemSent(m);
 }
 
 void GameModel::SetupSmackemA() {
@@ -81,7 +80,6 @@ void GameModel::BeginPick(Selecting kind) {
   Control& prompt = takem ? cmdTakemA : cmdSmackemA;
   Hide(takem ? cmdSmackemA : cmdTakemA);
   lblDiscardPile.enabled = false;
-  takem_positions_ = {};
   for (int k = 1; k <= N(); ++k) {
     auto& a = lblCardA[static_cast<size_t>(k)];
     a.enabled = takem;
@@ -99,8 +97,7 @@ void GameModel::BeginPick(Selecting kind) {
 
 // A completed Smackem or Takem: used up and counted; the computer judges its changed Stack anew.
 // Side B's labels stay on show as the set-up left them, the changed ones with their new faces.
-void GameModel::FinishPick(Control& prompt, Control& setup, std::array<bool, 3>& used,
-                           std::initializer_list<int> changed) {
+void GameModel::FinishPick(Control& prompt, Control& setup, std::initializer_list<int> changed) {
   selecting_ = Selecting::kNone;
   for (int p : changed)
     lblCardB[static_cast<size_t>(p)].caption = CardFace(g_.Card(kSideB, g_.DisplayPos(p)));
@@ -110,9 +107,7 @@ void GameModel::FinishPick(Control& prompt, Control& setup, std::array<bool, 3>&
   }
   Hide(prompt);
   Hide(setup);
-  used[kSideA] = true;
-  CountMove(kSideA);
-  if (vs_computer_) ResetComputerJudgement();
+  if (vs_computer_) RefreshGoodBad();
   lblDiscardPile.enabled = lblDrawPile.enabled = false;
 }
 
@@ -150,15 +145,12 @@ void GameModel::CompleteSmackemA() {
     Prompt(cmdSmackemA);
     return;
   }
-  special_positions_ = {0, p1, p2};
   // The clicked positions are screen positions; the Stack itself may be held reversed.
-  std::swap(g_.Card(kSideB, g_.DisplayPos(p1)), g_.Card(kSideB, g_.DisplayPos(p2)));
-  FinishPick(cmdSmackemA, cmdSetupSmackemA, smackem_used_, {p1, p2});
-  SendToOpponent(net::Smack{p1, p2});
-  // The mover hands over first, so the test looks at the Stack that was just changed.
-  g_.turn_owner = kSideB;
-  TestMover();
-  NextTurnUnlessDecided(kSideB);
+  const Move m{MoveKind::kSmackem, kSideA, p1, p2};
+  if (!Play(m)) return;
+  FinishPick(cmdSmackemA, cmdSetupSmackemA, {p1, p2});
+  SendMove(m);
+  NextTurnUnlessDecided();
 }
 
 void GameModel::CompleteTakemA() {
@@ -171,75 +163,54 @@ void GameModel::CompleteTakemA() {
     if (lblCardA[static_cast<size_t>(k)].marked == 1) a = k;
     if (lblCardB[static_cast<size_t>(k)].marked == 1) b = k;
   }
-  takem_positions_ = {0, a, b};
-  const int slot_b = g_.DisplayPos(b);
-  std::swap(g_.Card(kSideA, a), g_.Card(kSideB, slot_b));
+  const Move m{MoveKind::kTakem, kSideA, a, b};
+  if (!Play(m)) return;
   ShowCardA(a);
   lblCardA[static_cast<size_t>(a)].marked = 0;
-  FinishPick(cmdTakemA, cmdSetupTakemA, takem_used_, {b});
-  SendToOpponent(net::Take{a, b});
-  // Both Stacks changed, so both are tested: an exchange can put both in order at once.
-  TestBoth();
-  NextTurnUnlessDecided(kSideB);
+  FinishPick(cmdTakemA, cmdSetupTakemA, {b});
+  SendMove(m);
+  NextTurnUnlessDecided();
 }
 
+// The opponent's special moves from the network, held until the player acknowledges them.
 void GameModel::AnnounceSmackemB(int pos1, int pos2) {
   BeginEvent();
-  pos1 = Clamp(pos1, N());
-  pos2 = Clamp(pos2, N());
-  special_positions_ = {0, pos1, pos2};
-  special_cards_ = {0, g_.Card(kSideA, pos1), g_.Card(kSideA, pos2)};
-  lblCardA[static_cast<size_t>(pos1)].marked = 1;
-  lblCardA[static_cast<size_t>(pos2)].marked = 1;
+  held_ = {MoveKind::kSmackem, kSideB, Clamp(pos1, N()), Clamp(pos2, N())};
+  lblCardA[static_cast<size_t>(held_.slot1)].marked = 1;
+  lblCardA[static_cast<size_t>(held_.slot2)].marked = 1;
   pending_ = Pending::kSmackem;
   Prompt(cmdSmackemB);
   EndEvent();
 }
 
-void GameModel::ApplySmackemB() {
-  pending_ = Pending::kNone;
-  const int p1 = special_positions_[1], p2 = special_positions_[2];
-  g_.Card(kSideA, p1) = special_cards_[2];
-  g_.Card(kSideA, p2) = special_cards_[1];
-  ShowCardA(p1);
-  ShowCardA(p2);
-  lblCardA[static_cast<size_t>(p1)].marked = 0;
-  lblCardA[static_cast<size_t>(p2)].marked = 0;
-  Hide(cmdSmackemB);
-  Hide(cmdSetupSmackemB);
-  smackem_used_[kSideB] = true;
-  CountMove(kSideB);
-  g_.turn_owner = kSideA;
-  TestMover();
-  NextTurnUnlessDecided(kSideA);
-}
-
-// The message names the sender's own slot first; here that is a slot of the opponent's Stack.
+// The message names the sender's own slot first, as a move does: here a slot of side B.
 void GameModel::AnnounceTakemB(int sender_pos, int receiver_pos) {
   BeginEvent();
-  takem_positions_ = {0, Clamp(receiver_pos, N()), Clamp(sender_pos, N())};
-  lblCardA[static_cast<size_t>(takem_positions_[1])].marked = 1;
-  lblCardB[static_cast<size_t>(takem_positions_[2])].marked = 1;
+  held_ = {MoveKind::kTakem, kSideB, Clamp(sender_pos, N()), Clamp(receiver_pos, N())};
+  lblCardA[static_cast<size_t>(held_.slot2)].marked = 1;
+  lblCardB[static_cast<size_t>(g_.DisplayPos(held_.slot1))].marked = 1;
   pending_ = Pending::kTakem;
   Prompt(cmdTakemB);
   EndEvent();
 }
 
-void GameModel::ApplyTakemB() {
+void GameModel::ApplyHeldB() {
   pending_ = Pending::kNone;
-  const int a = takem_positions_[1], b = takem_positions_[2];
-  std::swap(g_.Card(kSideA, a), g_.Card(kSideB, b));
-  ShowCardA(a);
-  ShowCardB(b);
-  lblCardA[static_cast<size_t>(a)].marked = 0;
-  lblCardB[static_cast<size_t>(b)].marked = 0;
-  Hide(cmdTakemB);
-  Hide(cmdSetupTakemB);
-  takem_used_[kSideB] = true;
-  CountMove(kSideB);
-  g_.turn_owner = kSideA;
-  TestBoth();
-  NextTurnUnlessDecided(kSideA);
+  const Move m = held_;
+  if (!Play(m)) return;
+  const bool takem = m.kind == MoveKind::kTakem;
+  // A Smackem changed two of side A's cards, a Takem one of them.
+  for (int a : {takem ? m.slot2 : m.slot1, m.slot2}) {
+    ShowCardA(a);
+    lblCardA[static_cast<size_t>(a)].marked = 0;
+  }
+  if (takem) {
+    ShowCardB(m.slot1);
+    lblCardB[static_cast<size_t>(g_.DisplayPos(m.slot1))].marked = 0;
+  }
+  Hide(takem ? cmdTakemB : cmdSmackemB);
+  Hide(takem ? cmdSetupTakemB : cmdSetupSmackemB);
+  NextTurnUnlessDecided();
 }
 
 }  // namespace bq

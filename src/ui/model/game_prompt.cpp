@@ -126,34 +126,36 @@ PromptFacts GameModel::Facts() const {
     return f;
   }
   if (pending_ != Pending::kNone) {
+    // The held move is not made yet: the cards it names still lie where it found them.
+    const Move& m = held_;
     f.step = Step::kTheirMove;
     switch (pending_) {
       case Pending::kDiscard:
       case Pending::kDraw:
         f.shown = pending_ == Pending::kDiscard ? Shown::kDiscard : Shown::kDraw;
-        f.card1 = card_in_hand_;
-        if (vs_computer_ && chosen_slot_ > 0) f.slot = g_.DisplayPos(chosen_slot_);
+        f.card1 = pending_ == Pending::kDiscard ? g_.discard_top : g_.DrawTop();
+        if (vs_computer_ && m.slot1 > 0) f.slot = g_.DisplayPos(m.slot1);
         break;
       case Pending::kNothing:
         f.shown = Shown::kNothing;
-        f.card1 = card_in_hand_;
+        f.card1 = g_.DrawTop();
         f.card2 = g_.discard_top;
         break;
       case Pending::kTakem:
         f.shown = Shown::kTakem;
-        f.card1 = vs_computer_ ? taken_card_ : g_.Card(kSideA, takem_positions_[1]);
-        f.card2 = vs_computer_ ? given_card_ : g_.Card(kSideB, takem_positions_[2]);
+        f.card1 = g_.Card(kSideA, m.slot2);
+        f.card2 = g_.Card(kSideB, m.slot1);
         break;
       case Pending::kSmackem:
         f.shown = Shown::kSmackem;
-        f.card1 = vs_computer_ ? smack_card1_ : special_cards_[1];
-        f.card2 = vs_computer_ ? smack_card2_ : special_cards_[2];
+        f.card1 = g_.Card(kSideA, m.slot1);
+        f.card2 = g_.Card(kSideA, m.slot2);
         break;
       case Pending::kSwitchem:
         f.shown = Shown::kSwitchem;
-        if (switch_pos_a_ > 0 && switch_pos_b_ > 0) {
-          f.card1 = g_.Card(kSideB, switch_pos_a_);
-          f.card2 = g_.Card(kSideB, switch_pos_b_);
+        if (m.slot1 > 0 && m.slot2 > 0) {
+          f.card1 = g_.Card(kSideB, m.slot1);
+          f.card2 = g_.Card(kSideB, m.slot2);
         }
         break;
       default:

@@ -75,6 +75,27 @@ void GameModel::SendToOpponent(const net::Message& m) {
   StatusBar1[2].caption = net::SentText(m);
 }
 
+// Side A's applied move as the opponent's copy hears it.
+void GameModel::SendMove(const Move& m) {
+  switch (m.kind) {
+    case MoveKind::kTakeDiscard:
+      return SendToOpponent(net::DiscardMove{m.slot1});
+    case MoveKind::kTakeDraw:
+      return SendToOpponent(net::DrawMove{m.slot1});
+    case MoveKind::kPass:
+      return SendToOpponent(net::Pass{});
+    case MoveKind::kSwitchem:
+      return SendToOpponent(net::Switch{m.slot1, m.slot2});
+    case MoveKind::kSmackem:
+      return SendToOpponent(net::Smack{m.slot1, m.slot2});
+    case MoveKind::kTakem:
+      return SendToOpponent(net::Take{m.slot1, m.slot2});
+    case MoveKind::kSpendTurn:
+    case MoveKind::kBackem:
+      return;  // nothing a remote opponent is told
+  }
+}
+
 void GameModel::RelayClick(const net::Message& m) {
   if (learn_mode_) SendToOpponent(m);
 }
@@ -87,8 +108,8 @@ net::Moment GameModel::Now() const {
   now.awaiting_switch = remote_switch_awaited_;
   now.awaiting_move = remote_move_due_ && g_.turn_owner == kSideB && pending_ == Pending::kNone &&
                       !remote_switch_awaited_;
-  now.smackem_open = Checked(kSmackem) && !smackem_used_[kSideB];
-  now.takem_open = Checked(kTakem) && !takem_used_[kSideB];
+  now.smackem_open = Checked(kSmackem) && !g_.smackem_used[kSideB];
+  now.takem_open = Checked(kTakem) && !g_.takem_used[kSideB];
   return now;
 }
 
@@ -255,53 +276,31 @@ void GameModel::OnMessage(const net::Look&) {
 }
 
 void GameModel::OnMessage(const net::DiscardMove& m) {
-  PlayClick();
-  PlayB(m.slot, true);
+  PlayB({MoveKind::kTakeDiscard, kSideB, m.slot});
 }
 
 void GameModel::OnMessage(const net::DrawMove& m) {
-  PlayClick();
-  PlayB(m.slot, false);
+  PlayB({MoveKind::kTakeDraw, kSideB, m.slot});
 }
 
 void GameModel::OnMessage(const net::Pass&) {
-  PlayClick();
-  PlayB(0, false);
+  PlayB({MoveKind::kPass, kSideB});
 }
 
 // cmdPlayB: the opponent's completed pile move, as side A's is completed on its own screen.
-void GameModel::PlayB(int slot, bool discard) {
+void GameModel::PlayB(const Move& m) {
+  PlayClick();
   remote_move_due_ = false;
-  g_.turn_owner = kSideB;
-  if (slot > 0) {
-    if (discard)
-      TakeDiscard(g_, kSideB, slot);
-    else
-      TakeDraw(g_, kSideB, slot, platform_);
-    ShowCardB(slot);
-  } else {
-    PassDraw(g_, platform_);
-  }
-  lblDiscardPile.caption = CardFace(g_.discard_top);
-  lblDrawPile.caption = kFaceDown;
-  lblDiscardPile.marked = lblDrawPile.marked = 0;
-  for (int p = 1; p <= N(); ++p) lblCardB[static_cast<size_t>(p)].marked = 0;
   Hide(cmdPlayB);
-  EndOfMoveB();
+  PlayPileMoveB(m);
 }
 
-void GameModel::SwitchemSent(int first, int second) {
-  SendToOpponent(net::Switch{first, second});
-  g_.turn_owner = kSideB;
-  if (!is_dealer_) {
-    // The invited side switched first; the dealer's Switchem comes next.
-    remote_switch_awaited_ = true;
-    StartTurnB();
-    return;
-  }
+void GameModel::SwitchemSent(const Move& m) {
+  SendMove(m);
+  // The invited side switched first; the dealer's Switchem comes next.
+  if (!is_dealer_) remote_switch_awaited_ = true;
   // As after the deal, play starts whatever the test found.
-  TestBoth();
-  EndIfDecided();
+  if (is_dealer_) EndIfDecided();
   StartTurnB();
 }
 
@@ -309,13 +308,11 @@ void GameModel::OnMessage(const net::Switch& m) {
   PlayClick();
   remote_switch_awaited_ = false;
   remote_move_due_ = false;
-  std::swap(g_.Card(kSideB, m.pos1), g_.Card(kSideB, m.pos2));
+  if (!Play({MoveKind::kSwitchem, kSideB, m.pos1, m.pos2})) return;
   ShowCardB(m.pos1);
   ShowCardB(m.pos2);
   for (int p = 1; p <= N(); ++p) lblCardB[static_cast<size_t>(p)].marked = 0;
-  CountMove(kSideB);
   if (is_dealer_) return StartSwitchemA();
-  TestBoth();
   EndIfDecided();
   StartOfPlay();
 }
@@ -369,8 +366,6 @@ void GameModel::AcknowledgePrompt(Control& prompt) {
 }
 
 void GameModel::BeginGameFlags() {
-  smackem_used_ = {};
-  takem_used_ = {};
   first_turn_ = true;
   selecting_ = Selecting::kNone;
   pending_ = Pending::kNone;
@@ -378,7 +373,6 @@ void GameModel::BeginGameFlags() {
   remote_move_due_ = false;
   game_running_ = true;
   game_over_ = false;
-  decided_result_ = kUndecided;
   shown_face_up_ = learn_mode_ || judgement_shown_;
 }
 

@@ -236,7 +236,8 @@ void GameModel::RefreshRangeLabels() {
 }
 
 void GameModel::ResetComputerJudgement() {
-  ai::Rejudge(judge_, N(), g_.stacks[kSideB].data());
+  seat_.StackSetByHand(g_);
+  judge_ = seat_.judgement();
   RefreshGoodBad();
 }
 
@@ -251,7 +252,10 @@ void GameModel::NewGame() {
   }
   ShuffleAndDeal(g_, platform_);
   StartMoveList();  // the first move is told against the deal
-  if (vs_computer_) ai::JudgeDeal(judge_, N(), g_.stacks[kSideB].data());
+  if (vs_computer_) {
+    seat_.NewGame(g_);
+    judge_ = seat_.judgement();
+  }
   BeginGameFlags();
   LockControlsForGame();
   if (!vs_computer_) {
@@ -328,29 +332,20 @@ void GameModel::ShowDeal() {
   }
   RefreshSlotVisibility();
   lblDrawPile.caption = kFaceDown;
+  // Against a person the invited copy begins, which is side A there and side B on the dealer's.
+  const int first = vs_computer_ ? kDrawnFirst : is_dealer_ ? kSideB : kSideA;
+  BeginGame(g_, CheckedOptions(), first, platform_);
   // Play goes on whatever the test found; a result button may already be up.
-  TestBoth();
   EndIfDecided();
   if (!vs_computer_ && is_dealer_) return AwaitFirstRemoteMove();
-  if (Checked(kSwitchem))
+  if (g_.phase == Phase::kOpening)
     StartSwitchemA();
   else
     StartOfPlay();
 }
 
-void GameModel::TestMover() {
-  TestOneStack(g_, Backem());
-  if (game_over_) g_.turn_result = decided_result_;
-}
-
-void GameModel::TestBoth() {
-  TestBothStacks(g_, Backem());
-  if (game_over_) g_.turn_result = decided_result_;
-}
-
 void GameModel::EndIfDecided() {
   if (game_over_) return;  // decided once, recorded once
-  decided_result_ = g_.turn_result;
   switch (g_.turn_result) {
     case kTie:
       Ending(Outcome::kTie, cmdBothWin);

@@ -32,8 +32,6 @@ void GameModel::StartOfPlay() {
   lblDiscardPile.enabled = true;
   lblDrawPile.caption = kFaceDown;
   lblDrawPile.enabled = true;
-  g_.turn_owner = vs_computer_ ? 1 + static_cast<int>(2.0f * platform_.Uniform()) : kSideA;
-  if (g_.turn_owner > kSideB) g_.turn_owner = kSideB;
   // The confirming button stays in view, greyed, until a move is ready.
   Show(cmdPlayA, !fast_mode_, false);
   cmdPlayB.enabled = false;
@@ -47,15 +45,15 @@ void GameModel::StartOfPlay() {
 // unused. Side B's buttons only show what the opponent still has: nobody here can press them.
 void GameModel::OfferSetupButtons() {
   const bool a_turn = g_.turn_owner == kSideA && selecting_ == Selecting::kNone;
-  Show(cmdSetupSmackemA, Checked(kSmackem) && !smackem_used_[kSideA],
+  Show(cmdSetupSmackemA, Checked(kSmackem) && !g_.smackem_used[kSideA],
        a_turn && lblDrawPile.marked == 0);
-  Show(cmdSetupTakemA, Checked(kTakem) && !takem_used_[kSideA], a_turn && lblDrawPile.marked == 0);
-  Show(cmdSetupSmackemB, Checked(kSmackem) && !smackem_used_[kSideB], false);
-  Show(cmdSetupTakemB, Checked(kTakem) && !takem_used_[kSideB], false);
+  Show(cmdSetupTakemA, Checked(kTakem) && !g_.takem_used[kSideA],
+       a_turn && lblDrawPile.marked == 0);
+  Show(cmdSetupSmackemB, Checked(kSmackem) && !g_.smackem_used[kSideB], false);
+  Show(cmdSetupTakemB, Checked(kTakem) && !g_.takem_used[kSideB], false);
 }
 
 void GameModel::StartTurnA() {
-  g_.turn_owner = kSideA;
   lblDiscardPile.enabled = lblDrawPile.enabled = true;
   lblDiscardPile.marked = lblDrawPile.marked = 0;
   lblDiscardPile.caption = CardFace(g_.discard_top);
@@ -73,7 +71,6 @@ void GameModel::StartTurnA() {
 }
 
 void GameModel::StartTurnB() {
-  g_.turn_owner = kSideB;
   lblDiscardPile.marked = lblDrawPile.marked = 0;
   OfferSetupButtons();
   for (int k = 1; k <= N(); ++k) {
@@ -169,10 +166,8 @@ bool GameModel::ClickCardA(int slot) {
   }
   UnmarkCardsA();
   card.marked = 1;
-  if (selecting_ == Selecting::kTakemA) {
-    takem_positions_[1] = slot;
-    if (fast_mode_ && MarkedCount(lblCardB) == 1) return CompleteTakemA(), true;
-  }
+  if (selecting_ == Selecting::kTakemA && fast_mode_ && MarkedCount(lblCardB) == 1)
+    return CompleteTakemA(), true;
   // A Discard Pile marked before a Takem set-up makes an ordinary move ready as well.
   if (lblDiscardPile.marked == 1 || lblDrawPile.marked == 1) MoveReady();
   return true;
@@ -185,7 +180,6 @@ bool GameModel::ClickCardB(int pos) {
   auto& card = lblCardB[static_cast<size_t>(pos)];
   card.marked ^= 1;
   if (selecting_ == Selecting::kTakemA) {
-    if (card.marked == 1) takem_positions_[2] = pos;
     if (fast_mode_ && MarkedCount(lblCardA) == 1 && MarkedCount(lblCardB) == 1) CompleteTakemA();
   } else if (fast_mode_ && MarkedCount(lblCardB) == 2) {
     CompleteSmackemA();
@@ -212,19 +206,24 @@ bool GameModel::CardPopup(bool discard) {
   return true;
 }
 
-void GameModel::CountMove(int side) {
-  int& count = side == kSideA ? g_.move_count_a : g_.move_count_b;
-  count = std::min(count + 1, 32767);
+// Every move of either side is made by the referee; the counts, the move list and the
+// computer's judgement follow it. A move the referee refuses changes nothing.
+bool GameModel::Play(const Move& m) {
+  if (!Apply(g_, m, platform_)) return false;
+  if (vs_computer_) {
+    seat_.Applied(g_, m);
+    judge_ = seat_.judgement();
+  }
+  if (m.kind == MoveKind::kBackem) return true;  // a direction, not a counted move
   RefreshMoveCounts();
-  NoteMove(side);
+  NoteMove(m.side);
+  return true;
 }
 
-// After a move's order test: the game ends, or `side` moves next. In a game decided earlier (a
-// Stack dealt in order) play goes on whatever the test found.
-void GameModel::NextTurnUnlessDecided(int side) {
-  if (g_.turn_result != kUndecided && !game_over_) return EndIfDecided();
-  g_.turn_owner = side;
-  if (side == kSideA)
+// After a move: the game ends at its first result found in play, or the next turn begins.
+void GameModel::NextTurnUnlessDecided() {
+  if (g_.phase == Phase::kDecided) return EndIfDecided();
+  if (g_.turn_owner == kSideA)
     StartTurnA();
   else
     StartTurnB();
@@ -250,46 +249,43 @@ void GameModel::MoveReady() {
 }
 
 void GameModel::CompleteMoveA() {
-  g_.turn_owner = kSideA;
-  chosen_slot_ = 0;
-  for (int k = N(); k >= 1 && chosen_slot_ == 0; --k)
-    if (lblCardA[static_cast<size_t>(k)].marked == 1) chosen_slot_ = k;
-  if (chosen_slot_ > 0) {
-    replaced_card_ = g_.Card(kSideA, chosen_slot_);
-    if (lblDiscardPile.marked == 1) {
-      TakeDiscard(g_, kSideA, chosen_slot_);
-      SendToOpponent(net::DiscardMove{chosen_slot_});
-    } else if (lblDrawPile.marked == 1) {
-      TakeDraw(g_, kSideA, chosen_slot_, platform_);
-      SendToOpponent(net::DrawMove{chosen_slot_});
-    }
-    ShowCardA(chosen_slot_);
-    lblDiscardPile.caption = CardFace(g_.discard_top);
-  } else if (lblDrawPile.marked == 1) {
-    PassDraw(g_, platform_);
-    lblDiscardPile.caption = CardFace(g_.discard_top);
-    SendToOpponent(net::Pass{});
-  }
+  int slot = 0;
+  for (int k = N(); k >= 1 && slot == 0; --k)
+    if (lblCardA[static_cast<size_t>(k)].marked == 1) slot = k;
+  Move m{MoveKind::kSpendTurn, kSideA};
+  if (slot > 0 && lblDiscardPile.marked == 1)
+    m = {MoveKind::kTakeDiscard, kSideA, slot};
+  else if (slot > 0 && lblDrawPile.marked == 1)
+    m = {MoveKind::kTakeDraw, kSideA, slot};
+  else if (slot == 0 && lblDrawPile.marked == 1)
+    m = {MoveKind::kPass, kSideA};
+  if (!Play(m)) return;
+  SendMove(m);
+  if (slot > 0) ShowCardA(slot);
+  lblDiscardPile.caption = CardFace(g_.discard_top);
   lblDiscardPile.marked = lblDrawPile.marked = 0;
   lblDiscardPile.enabled = lblDrawPile.enabled = false;
   lblDrawPile.caption = kFaceDown;
   cmdPlayA.enabled = false;
   UnmarkCardsA();
   if (cmdSmackemA.visible || cmdTakemA.visible) AbandonPick();
-  CountMove(kSideA);
-  if (chosen_slot_ > 0) TestMover();
-  NextTurnUnlessDecided(kSideB);
+  NextTurnUnlessDecided();
 }
 
-void GameModel::EndOfMoveB() {
-  CountMove(kSideB);
+// Side B's pile move, the computer's or the remote opponent's, made and shown.
+void GameModel::PlayPileMoveB(const Move& m) {
+  pending_ = Pending::kNone;
+  if (!Play(m)) return;
+  if (m.slot1 > 0) ShowCardB(m.slot1);
+  lblDiscardPile.caption = CardFace(g_.discard_top);
+  lblDrawPile.caption = kFaceDown;
+  lblDiscardPile.marked = lblDrawPile.marked = 0;
+  for (int p = 1; p <= N(); ++p) lblCardB[static_cast<size_t>(p)].marked = 0;
   if (vs_computer_) {
-    ai::UpdateAfterMove(judge_, N(), g_.stacks[kSideB].data());
+    if (m.kind == MoveKind::kTakeDiscard) lblDiscardPile.enabled = true;
     RefreshGoodBad();
   }
-  // Only side B's cards changed; both are tested so that nothing in order goes unnoticed.
-  TestBoth();
-  NextTurnUnlessDecided(kSideA);
+  NextTurnUnlessDecided();
 }
 
 }  // namespace bq
