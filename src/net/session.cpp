@@ -23,10 +23,6 @@ bool Session::Accepts(const Message& m, const Moment& now) const {
         } else if constexpr (std::is_same_v<T, ClearCards>) {
           // Sent when a Switchem pick is thrown away, as well as during a move.
           return now.in_game && (now.awaiting_move || now.awaiting_switch);
-        } else if constexpr (std::is_same_v<T, Smack>) {
-          return now.in_game && now.awaiting_move && now.smackem_open;
-        } else if constexpr (std::is_same_v<T, Take>) {
-          return now.in_game && now.awaiting_move && now.takem_open;
         } else if constexpr (std::is_same_v<T, CardClick>) {
           return now.in_game && (now.awaiting_move || now.awaiting_switch);
         } else {  // the pile moves and the pile clicks

@@ -14,12 +14,11 @@ struct Moment {
   bool in_game = false;          // a game with the opponent is under way, no result yet
   bool awaiting_move = false;    // the opponent's ordinary move (or special move) is due
   bool awaiting_switch = false;  // the opponent's Switchem of the opening is due
-  bool smackem_open = false;     // the opponent may still make its Smackem
-  bool takem_open = false;       // and its Takem
 };
 
 // The session between two copies: where the exchange with the opponent stands, and which
 // message is acceptable when. A message that is not acceptable is bad data, whatever its bytes say.
+// Whether a move it carries is legal is the referee's business, not the session's.
 class Session {
  public:
   enum class Phase {

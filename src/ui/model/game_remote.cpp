@@ -27,6 +27,29 @@ std::string Printable(std::string_view text) {
   return out;
 }
 
+// The opponent's move a message carries, as side B's move here; nullopt for any other message.
+std::optional<Move> MoveOf(const net::Message& message) {
+  return std::visit(
+      [](const auto& msg) -> std::optional<Move> {
+        using T = std::decay_t<decltype(msg)>;
+        if constexpr (std::is_same_v<T, net::DiscardMove>)
+          return Move{MoveKind::kTakeDiscard, kSideB, msg.slot};
+        else if constexpr (std::is_same_v<T, net::DrawMove>)
+          return Move{MoveKind::kTakeDraw, kSideB, msg.slot};
+        else if constexpr (std::is_same_v<T, net::Pass>)
+          return Move{MoveKind::kPass, kSideB};
+        else if constexpr (std::is_same_v<T, net::Switch>)
+          return Move{MoveKind::kSwitchem, kSideB, msg.pos1, msg.pos2};
+        else if constexpr (std::is_same_v<T, net::Smack>)
+          return Move{MoveKind::kSmackem, kSideB, msg.pos1, msg.pos2};
+        else if constexpr (std::is_same_v<T, net::Take>)
+          return Move{MoveKind::kTakem, kSideB, msg.own, msg.other};
+        else
+          return std::nullopt;
+      },
+      message);
+}
+
 }  // namespace
 
 void GameModel::SetLink(net::Link* link) {
@@ -108,8 +131,6 @@ net::Moment GameModel::Now() const {
   now.awaiting_switch = remote_switch_awaited_;
   now.awaiting_move = remote_move_due_ && g_.turn_owner == kSideB && pending_ == Pending::kNone &&
                       !remote_switch_awaited_;
-  now.smackem_open = Checked(kSmackem) && !g_.smackem_used[kSideB];
-  now.takem_open = Checked(kTakem) && !g_.takem_used[kSideB];
   return now;
 }
 
@@ -126,6 +147,7 @@ void GameModel::ReceiveMessage(const std::string& text) {
   const auto decoded = net::Decode(text, {N()});
   if (!decoded || !session_.Accepts(*decoded, Now())) return BadData(text);
   const net::Message& m = *decoded;
+  if (const auto move = MoveOf(m); move && !IsLegal(g_, *move)) return BadData(text);
   if (!net::IsRelayedClick(m)) {
     StatusBar1[4].caption = Printable(text);
     if (!std::holds_alternative<net::Invite>(m)) StatusBar1[3].caption = StatusBar1[2].caption;
