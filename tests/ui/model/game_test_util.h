@@ -3,12 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <fstream>
 #include <random>
-#include <sstream>
 #include <string>
 #include <vector>
 
+#include "support/every_card.h"
 #include "ui/model/fake_platform.h"
 #include "ui/model/game_model.h"
 
@@ -33,6 +32,13 @@ struct Game {
     return c ? *c : none;
   }
   bool Up(const std::string& name) const { return C(name).visible && C(name).enabled; }
+  // Those of `names` that are on show and enabled, in order: compact checks of a whole panel.
+  std::string Live(std::initializer_list<const char*> names) const {
+    std::string out;
+    for (const char* name : names)
+      if (Up(name)) out += (out.empty() ? "" : " ") + std::string(name);
+    return out;
+  }
   std::string Field(const std::string& name) const { return model.GetField(name).value_or("?"); }
   void Set(const std::string& field, const std::string& values) {
     ASSERT_EQ(model.SetField(field, values), "") << field;
@@ -66,30 +72,6 @@ struct Game {
   FakePlatform platform;
   GameModel model{platform, file.path()};
 };
-
-// Each card of the deck is in one Stack slot, on the Discard Pile, still to come from the Draw
-// Pile, or out of play. Once the Draw Pile is renewed, only the cards in play are checked, and
-// only for being cards.
-inline void ExpectEveryCardOnce(const GameState& s, bool renewed = false) {
-  std::array<int, kDeckSize + 1> seen{};
-  const auto see = [&](int card) {
-    ASSERT_TRUE(card >= 1 && card <= kDeckSize) << card << "\n" << s.ToString();
-    ++seen[static_cast<size_t>(card)];
-  };
-  for (int k = 1; k <= s.stack_size; ++k) {
-    see(s.Card(kSideA, k));
-    see(s.Card(kSideB, k));
-  }
-  see(s.discard_top);
-  if (renewed) return;
-  for (int i = 1; i <= s.buried_count; ++i) see(s.buried[static_cast<size_t>(i)]);
-  for (int m = s.draw_pos; m <= s.draw_count; ++m) see(s.draw_cards[static_cast<size_t>(m)]);
-  // After Stackem was switched on and off, the end of the deck stays out of play.
-  for (int i = 2 * s.stack_size + 2 + s.draw_count; i <= kDeckSize; ++i)
-    see(s.deck[static_cast<size_t>(i)]);
-  for (int card = 1; card <= kDeckSize; ++card)
-    ASSERT_EQ(seen[static_cast<size_t>(card)], 1) << "card " << card << "\n" << s.ToString();
-}
 
 // Presses the first computer's button on show, if any.
 inline bool PressComputerButton(Game& g) {

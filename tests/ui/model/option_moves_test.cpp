@@ -11,12 +11,16 @@ std::string Stack(const Game& g, int side) {
   return g.Field(side == 1 ? "Stacks(1)" : "Stacks(2)");
 }
 
+// The player's controls of an ordinary turn and of the special moves.
+constexpr std::initializer_list<const char*> kTurnA = {"lblDiscardPile", "lblDrawPile", "cmdPlayA",
+                                                       "cmdSetupSmackemA", "cmdSetupTakemA"};
+
 TEST(Switchem, AWrongCountClearsTheMarksAndTwoCardsSwapForBothSides) {
   Game g;
   g.NewGameAFirst({"chkSwitchem"});
-  const Control& button = g.C("cmdSwitchemA");
-  EXPECT_TRUE(button.visible && button.enabled);
-  EXPECT_EQ(button.caption, "Click on 2 of your cards to swap their positions.  Then click here.");
+  EXPECT_TRUE(g.Up("cmdSwitchemA"));
+  EXPECT_EQ(g.C("cmdSwitchemA").caption,
+            "Click on 2 of your cards to swap their positions.  Then click here.");
   EXPECT_FALSE(g.C("lblDrawPile").enabled);
   const GameState before = g.model.state();
   g.Press({"lblCardA(2)", "cmdSwitchemA"});
@@ -24,13 +28,12 @@ TEST(Switchem, AWrongCountClearsTheMarksAndTwoCardsSwapForBothSides) {
   EXPECT_TRUE(g.C("cmdSwitchemA").visible);
   g.Press({"lblCardA(2)", "lblCardA(7)"});
   EXPECT_EQ(g.C("lblCardA(2)").marked, 1);  // the selection is kept across clicks
-  ASSERT_TRUE(g.Click("cmdSwitchemA"));
+  g.Press({"cmdSwitchemA"});
   EXPECT_EQ(g.model.state().Card(kSideA, 2), before.Card(kSideA, 7));
   EXPECT_EQ(g.model.state().Card(kSideA, 7), before.Card(kSideA, 2));
   EXPECT_FALSE(g.C("cmdSwitchemA").visible);
-  EXPECT_EQ(g.Field("MoveCountA"), "1");
-  EXPECT_EQ(g.Field("MoveCountB"), "1");           // the computer's Switchem, applied at once
-  EXPECT_EQ(g.Field("OpponentRowReversed"), "0");  // Backem off: only the dealt orientation
+  // The computer's Switchem is applied at once; Backem off: only the dealt orientation.
+  EXPECT_EQ(g.Field("MoveCountA") + g.Field("MoveCountB") + g.Field("OpponentRowReversed"), "110");
   EXPECT_EQ(g.C("lblDiscardPile").caption, CardFace(g.model.state().discard_top));
 }
 
@@ -43,8 +46,9 @@ TEST(Switchem, FastModeCompletesOnTheSecondMarkAndLearnModeShowsTheComputersChoi
   // Learn Mode shows the computer's Switchem whatever Fast Mode says.
   ASSERT_TRUE(g.C("cmdSwitchemC").visible);
   EXPECT_EQ(g.model.Focus(), "cmdSwitchemC");
+  EXPECT_EQ(g.Live(kTurnA) + g.Live({"lblCardA(1)", "lblCardA(3)"}), "");
   EXPECT_EQ(g.Field("MoveCountB"), "0");
-  ASSERT_TRUE(g.Click("cmdSwitchemC"));
+  g.Press({"cmdSwitchemC"});
   EXPECT_EQ(g.Field("MoveCountB"), "1");
   EXPECT_FALSE(g.C("cmdSwitchemC").visible);
 }
@@ -88,28 +92,20 @@ TEST(Switchem, TheComputerGoesOnFromItsLastTrial) {
   EXPECT_EQ(Stack(h, 2), "60 13 51 27 3 42 41 47 97 58");
 }
 
-// After A's move the computer, holding an almost descending Stack, turns round under Backem.
-void ComputerReverses(Game& g) {
+TEST(Backem, TheReversedRowKeepsItsScreenPositionsForLabelsMarksAndSmackem) {
+  // After A's move the computer, holding an almost descending Stack, turns round.
+  Game g;
   g.NewGameAFirst({"chkBackem", "chkSmackem", "optLearnModeOn"});
   g.Set("Stacks(2)", "95 85 75 65 55 45 35 25 5 15");
   g.Set("Stacks(1)", "3 50 30 20 10 60 70 2 90 100");
   g.Set("DrawCards", "61");  // passed on to the computer, which has no place for it
   g.Press({"lblDrawPile", "cmdPlayA"});
-  ASSERT_TRUE(g.C("cmdBackemC").visible);
   EXPECT_EQ(g.C("cmdBackemC").caption,
             "Computer will reverse its direction.  Click here to continue.");
-  ASSERT_TRUE(g.Click("cmdBackemC"));
-  for (const char* b : {"cmdCTakesDiscard", "cmdCTakesDraw", "cmdCTakesNothing", "cmdSmackemC"})
-    if (g.C(b).visible) {
-      ASSERT_TRUE(g.Click(b));
-    }
-  ASSERT_EQ(g.Field("OpponentRowReversed"), "1");
-  ASSERT_EQ(g.Field("TurnOwner"), "1");
-}
-
-TEST(Backem, TheReversedRowKeepsItsScreenPositionsForLabelsMarksAndSmackem) {
-  Game g;
-  ComputerReverses(g);
+  g.Press({"cmdBackemC"});
+  while (test::PressComputerButton(g)) {
+  }
+  ASSERT_EQ(g.Field("OpponentRowReversed") + g.Field("TurnOwner"), "11");
   const GameState& s = g.model.state();
   // Slot i is shown at position N + 1 - i, so the screen still reads as dealt.
   for (int p = 1; p <= 10; ++p)
@@ -121,8 +117,7 @@ TEST(Backem, TheReversedRowKeepsItsScreenPositionsForLabelsMarksAndSmackem) {
   // Turned on, the display writes each mark at its slot's own index; the next marking pass, after
   // the Smackem, puts it at its screen position.
   ASSERT_TRUE(g.model.ClickBackground(true));
-  EXPECT_EQ(shown(1), mark(1));
-  EXPECT_EQ(shown(10), mark(10));
+  EXPECT_EQ(shown(1) + shown(10), mark(1) + mark(10));
   const int slot10 = s.Card(kSideB, 10), slot9 = s.Card(kSideB, 9);
   g.Press({"cmdSetupSmackemA", "lblCardB(1)", "lblCardB(2)", "cmdSmackemA"});
   EXPECT_EQ(s.Card(kSideB, 10), slot9);
@@ -132,7 +127,7 @@ TEST(Backem, TheReversedRowKeepsItsScreenPositionsForLabelsMarksAndSmackem) {
 
 TEST(Backem, TheDirectionTrialsLeaveTheirMarksAndRangesToTheFirstTurn) {
   Game g;
-  ASSERT_TRUE(g.Click("chkBackem"));
+  g.Press({"chkBackem"});
   g.NewGameDealing({92, 19, 54, 26, 46, 27, 83, 81, 3,  42, 12, 14,
                     64, 21, 51, 71, 85, 96, 36, 61, 95, 94, 24, 15},
                    0.9f);
@@ -144,49 +139,47 @@ TEST(Backem, TheDirectionTrialsLeaveTheirMarksAndRangesToTheFirstTurn) {
   EXPECT_EQ(Stack(g, 2), "12 14 64 21 51 71 85 96 36 61");
 }
 
-TEST(Smackem, AWrongCountClearsTheMarksAndTheMoveIsOncePerGame) {
+TEST(Smackem, AWrongCountClearsTheMarksTheMoveIsOncePerGameAndEndsTheTurn) {
   Game g;
   g.NewGameAFirst({"chkSmackem", "chkTakem", "optLearnModeOn"});
-  ASSERT_TRUE(g.C("cmdSetupSmackemA").enabled);
-  EXPECT_FALSE(g.C("cmdSetupSmackemB").enabled);  // only on its own side's turn
-  ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
+  EXPECT_EQ(g.Live({"cmdSetupSmackemA", "cmdSetupSmackemB"}), "cmdSetupSmackemA");
+  g.Press({"cmdSetupSmackemA"});
   EXPECT_EQ(g.C("cmdSmackemA").caption,
             "Click 2 of your opponent's cards to swap their positions.  Then click here.");
   EXPECT_FALSE(g.C("lblDiscardPile").enabled);
   EXPECT_FALSE(g.Click("lblCardA(1)"));
   const std::string before = Stack(g, 2);
-  for (const char* card : {"lblCardB(1)", "lblCardB(4)", "lblCardB(6)"}) ASSERT_TRUE(g.Click(card));
-  ASSERT_TRUE(g.Click("cmdSmackemA"));
+  g.Press({"lblCardB(1)", "lblCardB(4)", "lblCardB(6)", "cmdSmackemA"});
   EXPECT_EQ(g.C("lblCardB(4)").marked, 0);
   EXPECT_TRUE(g.C("cmdSmackemA").visible);
   EXPECT_EQ(g.Field("MoveCountA"), "0");
   EXPECT_EQ(Stack(g, 2), before);
   // A second press of the set-up button gives the ordinary turn back.
-  ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
+  g.Press({"cmdSetupSmackemA"});
   EXPECT_FALSE(g.C("cmdSmackemA").visible);
   EXPECT_TRUE(g.C("lblDiscardPile").enabled);
+  // Straight on to the other move, and back.
+  g.Press({"cmdSetupSmackemA", "cmdSetupTakemA"});
+  EXPECT_EQ(g.Live({"cmdSmackemA", "cmdTakemA"}), "cmdTakemA");
   g.Press({"cmdSetupSmackemA", "lblCardB(1)", "lblCardB(4)", "cmdSmackemA"});
   EXPECT_EQ(g.Field("MoveCountA"), "1");
   EXPECT_NE(Stack(g, 2), before);
   EXPECT_FALSE(g.C("cmdSetupSmackemA").visible);
-  EXPECT_EQ(g.Field("TurnOwner"), "2");  // the computer's move waits in Learn Mode
+  // The computer's move waits in Learn Mode; nothing of the player's turn is left to click.
+  EXPECT_EQ(g.Field("TurnOwner"), "2");
+  EXPECT_EQ(g.Live(kTurnA), "");
+  EXPECT_FALSE(g.Click("lblCardB(2)"));
 }
 
-TEST(Smackem, SettingItUpLeavesTakemOnOfferAndTheOpponentsCardsStayOnShowAfterIt) {
+TEST(Smackem, TheOpponentsCardsStayOnShowAfterIt) {
   Game g;
-  g.NewGameAFirst({"chkSmackem", "chkTakem"});
+  g.NewGameAFirst({"chkSmackem"});
   g.Set("Stacks(2)", "50 40 30 20 10 90 80 70 60 100");
-  ASSERT_TRUE(g.Click("cmdSetupSmackemA"));
-  ASSERT_TRUE(g.C("cmdSetupTakemA").enabled);
-  ASSERT_TRUE(g.Click("cmdSetupTakemA"));  // straight on to the other move
-  EXPECT_FALSE(g.C("cmdSmackemA").visible);
-  EXPECT_TRUE(g.C("cmdTakemA").visible);
   g.Press({"cmdSetupSmackemA", "lblCardB(1)", "lblCardB(5)", "cmdSmackemA"});
   // Face down as the set-up left them, but for the two cards that moved.
   EXPECT_TRUE(g.C("lblCardB(2)").visible);
   EXPECT_EQ(g.C("lblCardB(2)").caption, " ");
-  EXPECT_EQ(g.C("lblCardB(1)").caption, CardFace(10));
-  EXPECT_EQ(g.C("lblCardB(5)").caption, CardFace(50));
+  EXPECT_EQ(g.C("lblCardB(1)").caption + g.C("lblCardB(5)").caption, CardFace(10) + CardFace(50));
 }
 
 TEST(Smackem, LookingAtTheDrawPileDisablesTheSetUpAndGivesNoPass) {
@@ -200,7 +193,7 @@ TEST(Smackem, LookingAtTheDrawPileDisablesTheSetUpAndGivesNoPass) {
   EXPECT_TRUE(g.C("cmdSmackemA").visible);
   EXPECT_FALSE(g.Click("lblDiscardPile"));  // still out of reach: no pass
   EXPECT_EQ(g.Field("MoveCountA"), "0");
-  ASSERT_TRUE(g.Click("lblCardA(4)"));
+  g.Press({"lblCardA(4)"});
   EXPECT_EQ(g.model.state().Card(kSideA, 4), 44);
   EXPECT_FALSE(g.C("cmdSmackemA").visible);
 }
@@ -212,10 +205,10 @@ TEST(Takem, AMarkedDiscardPileStaysMarkedAndACardMakesTheMoveReady) {
   g.Press({"lblDiscardPile", "cmdSetupTakemA"});
   EXPECT_EQ(g.C("lblDiscardPile").marked, 1);
   EXPECT_FALSE(g.C("lblDiscardPile").enabled);
-  ASSERT_TRUE(g.Click("lblCardA(3)"));
+  g.Press({"lblCardA(3)"});
   EXPECT_TRUE(g.C("cmdPlayA").enabled);
   EXPECT_EQ(g.model.Focus(), "cmdPlayA");
-  ASSERT_TRUE(g.Click("cmdPlayA"));
+  g.Press({"cmdPlayA"});
   EXPECT_EQ(g.model.state().Card(kSideA, 3), 77);
   EXPECT_FALSE(g.C("cmdTakemA").visible);
   EXPECT_FALSE(g.C("lblCardB(1)").visible);  // the move not made, the cards are hidden again
@@ -226,7 +219,7 @@ TEST(Takem, AWrongCountKeepsTheMarksAndBothInOrderIsATie) {
   g.NewGameAFirst({"chkTakem"});
   g.Set("Stacks(1)", "10 20 30 40 50 60 70 80 90 55");
   g.Set("Stacks(2)", "5 15 25 35 45 100 65 75 85 95");
-  ASSERT_TRUE(g.Click("cmdSetupTakemA"));
+  g.Press({"cmdSetupTakemA"});
   EXPECT_EQ(g.C("lblCardB(1)").caption, " ");  // face down while picked
   g.Press({"lblCardA(10)", "cmdTakemA"});
   EXPECT_EQ(g.C("lblCardA(10)").marked, 1);
@@ -236,12 +229,13 @@ TEST(Takem, AWrongCountKeepsTheMarksAndBothInOrderIsATie) {
   EXPECT_EQ(Stack(g, 2), "5 15 25 35 45 55 65 75 85 95");
   EXPECT_EQ(g.Field("TurnResult"), "3");
   EXPECT_TRUE(g.C("cmdBothWin").visible);
+  EXPECT_EQ(g.Live(kTurnA), "");
 }
 
 TEST(ComputerSmackem, ItCanHandThePlayerTheGame) {
   for (bool fast : {false, true}) {
     Game g;
-    ASSERT_TRUE(g.Click("chkSmackem"));
+    g.Press({"chkSmackem"});
     if (fast) g.Press({"optFastModeOn"});
     g.NewGameAFirst();
     // Nine of the computer's slots settled; the 47 it declines points at the player's slots
@@ -253,9 +247,9 @@ TEST(ComputerSmackem, ItCanHandThePlayerTheGame) {
     g.Press({"lblDiscardPile", "lblCardA(1)"});
     if (!fast) g.Press({"cmdPlayA"});
     ASSERT_TRUE(g.C("cmdSmackemC").visible) << "fast " << fast;  // waits in every mode
-    EXPECT_EQ(g.C("lblCardA(3)").marked, 1);
-    EXPECT_EQ(g.C("lblCardA(7)").marked, 1);
-    ASSERT_TRUE(g.Click("cmdSmackemC"));
+    EXPECT_EQ(g.C("lblCardA(3)").marked + g.C("lblCardA(7)").marked, 2);
+    EXPECT_EQ(g.Live(kTurnA), "");
+    g.Press({"cmdSmackemC"});
     EXPECT_EQ(Stack(g, 1), "10 20 30 40 50 60 70 80 90 100");
     EXPECT_TRUE(g.C("cmdAWins").visible);
     EXPECT_FALSE(g.C("cmdSetupSmackemB").visible);
@@ -271,13 +265,18 @@ TEST(ComputerTakem, ItTakesFromThePlayerOnceInTheEndGame) {
   g.Set("DiscardTop", "2");
   g.Press({"lblDiscardPile", "lblCardA(1)", "cmdPlayA"});
   ASSERT_TRUE(g.C("cmdTakemC").visible);
-  EXPECT_EQ(g.C("lblCardA(4)").marked, 1);
-  EXPECT_EQ(g.C("lblCardB(3)").marked, 1);
-  ASSERT_TRUE(g.Click("cmdTakemC"));
+  EXPECT_EQ(g.C("lblCardA(4)").marked + g.C("lblCardB(3)").marked, 2);
+  g.Press({"cmdTakemC"});
   EXPECT_EQ(g.model.state().Card(kSideA, 4), 45);
   EXPECT_EQ(g.model.state().Card(kSideB, 3), 33);
   EXPECT_EQ(g.Field("MoveCountB"), "1");
   EXPECT_FALSE(g.C("cmdSetupTakemB").visible);
+  // The same end game again: this time it takes nothing from the player.
+  g.Set("Stacks(2)", "5 20 45 30 50 55 65 75 85 95");
+  g.Set("DiscardTop", "2");
+  g.Press({"lblDiscardPile", "lblCardA(2)", "cmdPlayA"});
+  EXPECT_FALSE(g.C("cmdTakemC").visible);
+  EXPECT_EQ(g.model.state().Card(kSideA, 4), 45);
 }
 
 TEST(ComputerTakem, ItsCountsRunOnSoItsSmackemCanFollow) {
@@ -288,9 +287,7 @@ TEST(ComputerTakem, ItsCountsRunOnSoItsSmackemCanFollow) {
   g.Set("Stacks(1)", "11 12 13 14 99 16 17 18 19 21");
   g.Set("DrawCards", "2 3");
   g.Set("DrawPos", "1");
-  ASSERT_TRUE(g.Click("lblDrawPile"));
-  ASSERT_TRUE(g.Click("cmdPlayA"));  // a pass; the computer has no use for the 2
-  ASSERT_TRUE(g.Click("cmdTakemC"));
+  g.Press({"lblDrawPile", "cmdPlayA", "cmdTakemC"});  // a pass; the computer has no use for 2
   EXPECT_EQ(Stack(g, 2), "5 15 25 99 35 55 65 75 85 60");
   // Judged afresh, seven slots settle again and add to the seven counted before: enough for its
   // Smackem when the 3 comes by.

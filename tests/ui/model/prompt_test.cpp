@@ -7,6 +7,7 @@ namespace bq {
 namespace {
 
 using test::Game;
+using Change = void (*)(GameState&);
 
 GameState Position() {
   GameState g;
@@ -19,123 +20,111 @@ GameState Position() {
   return g;
 }
 
-std::string Told(const MoveNews& news) {
-  std::string out = news.text + " |";
-  for (const std::string& name : news.changed) out += " " + name;
-  return out;
-}
+// The moves told below, as the changes they make to Position().
+const Change kDiscardInto4 = [](GameState& g) {
+  g.Card(kSideB, 4) = 50;
+  g.discard_top = 41;
+};
+const Change kDrawInto6 = [](GameState& g) {
+  g.Card(kSideB, 6) = 60;
+  g.discard_top = 61;
+};
+const Change kPass = [](GameState& g) { g.discard_top = 60; };
+const Change kTakem = [](GameState& g) { std::swap(g.Card(kSideA, 2), g.Card(kSideB, 9)); };
+const Change kSmackem = [](GameState& g) { std::swap(g.Card(kSideA, 3), g.Card(kSideA, 8)); };
+const Change kSwitchB = [](GameState& g) { std::swap(g.Card(kSideB, 1), g.Card(kSideB, 5)); };
+// Turned round, the Stack is compared slot by slot as the computer now holds it; the label of
+// slot 3 is then the eighth.
+const Change kReversedDiscard = [](GameState& g) {
+  g.ReverseSideB();
+  g.opponent_row_reversed = true;
+  g.Card(kSideB, 3) = 50;
+  g.discard_top = 81;
+};
+
+struct Case {
+  int side;
+  Change change;
+  bool vs_computer, face_up;
+  const char* told;
+};
 
 TEST(MoveNews, EachKindOfMoveIsToldWithTheControlsItChanged) {
+  const Case cases[] = {
+      {kSideB, kDiscardInto4, true, true,
+       "The computer took 50 from the Discard Pile for slot 4 and put 41 on it. | "
+       "lblDiscardPile lblCardB(4)"},
+      {kSideB, kDrawInto6, false, true,
+       "Kim took 60 from the Draw Pile for slot 6 and put 61 on the Discard Pile. | "
+       "lblDrawPile lblDiscardPile lblCardB(6)"},
+      // Face down, the card that went into the Stack unseen stays unnamed.
+      {kSideB, kDrawInto6, true, false,
+       "The computer took the card from the Draw Pile for slot 6 and put 61 on the Discard "
+       "Pile. | lblDrawPile lblDiscardPile lblCardB(6)"},
+      {kSideB, kPass, true, true,
+       "The computer turned down 60 from the Draw Pile; it is now the Discard Pile card. | "
+       "lblDrawPile lblDiscardPile"},
+      {kSideB, kTakem, true, true,
+       "The computer used Takem, taking your 2 for its 91. | lblCardA(2) lblCardB(9)"},
+      {kSideB, kSmackem, true, true,
+       "The computer used Smackem, swapping your 3 and 8. | lblCardA(3) lblCardA(8)"},
+      {kSideB, kSwitchB, false, true,
+       "Kim used Switchem, swapping their 11 and 51. | lblCardB(1) lblCardB(5)"},
+      {kSideB, kSwitchB, false, false,
+       "Kim used Switchem, swapping their cards in slots 1 and 5. | lblCardB(1) lblCardB(5)"},
+      {kSideB, kReversedDiscard, true, true,
+       "The computer reversed its direction and now aims for descending order.  The computer "
+       "took 50 from the Discard Pile for slot 8 and put 81 on it. | lblDiscardPile "
+       "lblCardB(8)"},
+  };
   const GameState before = Position();
-  auto told = [&](auto change, bool vs_computer = true, bool face_up = true) {
+  for (const Case& c : cases) {
     GameState after = before;
-    change(after);
-    return Told(DescribeMoveB(before, after, vs_computer, "Kim", face_up));
-  };
-  EXPECT_EQ(told([](GameState& g) {
-              g.Card(kSideB, 4) = 50;
-              g.discard_top = 41;
-            }),
-            "The computer took 50 from the Discard Pile for slot 4 and put 41 on it. | "
-            "lblDiscardPile lblCardB(4)");
-  auto draw_into_6 = [](GameState& g) {
-    g.Card(kSideB, 6) = 60;
-    g.discard_top = 61;
-  };
-  EXPECT_EQ(told(draw_into_6, false),
-            "Kim took 60 from the Draw Pile for slot 6 and put 61 on the Discard Pile. | "
-            "lblDrawPile lblDiscardPile lblCardB(6)");
-  // Face down, the card that went into the Stack unseen stays unnamed.
-  EXPECT_EQ(told(draw_into_6, true, false),
-            "The computer took the card from the Draw Pile for slot 6 and put 61 on the Discard "
-            "Pile. | lblDrawPile lblDiscardPile lblCardB(6)");
-  EXPECT_EQ(told([](GameState& g) { g.discard_top = 60; }),
-            "The computer turned down 60 from the Draw Pile; it is now the Discard Pile card. | "
-            "lblDrawPile lblDiscardPile");
-  EXPECT_EQ(told([](GameState& g) { std::swap(g.Card(kSideA, 2), g.Card(kSideB, 9)); }),
-            "The computer used Takem, taking your 2 for its 91. | lblCardA(2) "
-            "lblCardB(9)");
-  EXPECT_EQ(told([](GameState& g) { std::swap(g.Card(kSideA, 3), g.Card(kSideA, 8)); }),
-            "The computer used Smackem, swapping your 3 and 8. | lblCardA(3) lblCardA(8)");
-  auto switch_1_5 = [](GameState& g) { std::swap(g.Card(kSideB, 1), g.Card(kSideB, 5)); };
-  EXPECT_EQ(told(switch_1_5, false),
-            "Kim used Switchem, swapping their 11 and 51. | lblCardB(1) lblCardB(5)");
-  EXPECT_EQ(told(switch_1_5, false, false),
-            "Kim used Switchem, swapping their cards in slots 1 and 5. | lblCardB(1) lblCardB(5)");
-  // Turned round, the Stack is compared slot by slot as the computer now holds it; the label of
-  // slot 3 is then the eighth.
-  EXPECT_EQ(told([](GameState& g) {
-              g.ReverseSideB();
-              g.opponent_row_reversed = true;
-              g.Card(kSideB, 3) = 50;
-              g.discard_top = 81;
-            }),
-            "The computer reversed its direction and now aims for descending order.  The "
-            "computer took 50 from the Discard Pile for slot 8 and put 81 on it. | lblDiscardPile "
-            "lblCardB(8)");
+    c.change(after);
+    const MoveNews news = DescribeMoveB(before, after, c.vs_computer, "Kim", c.face_up);
+    std::string told = news.text + " |";
+    for (const std::string& name : news.changed) told += " " + name;
+    EXPECT_EQ(told, c.told);
+  }
 }
 
 // Each entry names the mover and the slots as the board numbers them, and tells no card of side
 // B that the player cannot see.
 TEST(MoveList, EachKindOfMoveOfEitherSideInOneLine) {
-  const GameState before = Position();
-  auto entry = [&](int side, auto change, bool vs_computer = true, bool face_up = true) {
-    GameState after = before;
-    change(after);
-    return MoveEntry(before, after, side, vs_computer, "Kim", face_up);
+  const Change a_draws_into_7 = [](GameState& g) {
+    g.Card(kSideA, 7) = 60;
+    g.discard_top = 7;
   };
-  EXPECT_EQ(entry(kSideB,
-                  [](GameState& g) {
-                    g.Card(kSideB, 4) = 50;
-                    g.discard_top = 41;
-                  }),
-            "Computer: took 50 from the Discard Pile, put it in slot 4, 41 discarded");
-  EXPECT_EQ(entry(kSideA,
-                  [](GameState& g) {
-                    g.Card(kSideA, 7) = 60;
-                    g.discard_top = 7;
-                  }),
-            "You: took 60 from the Draw Pile, put it in slot 7, 7 discarded");
-  EXPECT_EQ(entry(kSideA, [](GameState& g) { g.discard_top = 60; }),
-            "You: passed, 60 from the Draw Pile discarded");
-  EXPECT_EQ(entry(kSideB, [](GameState& g) { std::swap(g.Card(kSideA, 2), g.Card(kSideB, 9)); }),
-            "Computer: Takem, gave 91 from slot 9 for your 2 from slot 2");
-  EXPECT_EQ(
-      entry(
-          kSideA, [](GameState& g) { std::swap(g.Card(kSideA, 2), g.Card(kSideB, 9)); }, false),
-      "You: Takem, gave 2 from slot 2 for Kim's 91 from slot 9");
-  EXPECT_EQ(entry(kSideA, [](GameState& g) { std::swap(g.Card(kSideB, 1), g.Card(kSideB, 5)); }),
-            "You: Smackem, swapped the Computer's cards in slots 1 and 5");
-  EXPECT_EQ(entry(kSideB, [](GameState& g) { std::swap(g.Card(kSideA, 3), g.Card(kSideA, 8)); }),
-            "Computer: Smackem, swapped your cards in slots 3 and 8 (3 and 8)");
-  EXPECT_EQ(entry(kSideA, [](GameState& g) { std::swap(g.Card(kSideA, 1), g.Card(kSideA, 4)); }),
-            "You: Switchem, swapped 1 in slot 1 and 4 in slot 4");
-  EXPECT_EQ(entry(
-                kSideB, [](GameState&) {}, false),
-            "Kim: Switchem, kept the Stack as it was");
-  // Side B's face-down Stack: what went in unseen stays unnamed; the Discard Pile is no secret.
-  EXPECT_EQ(entry(
-                kSideB,
-                [](GameState& g) {
-                  g.Card(kSideB, 6) = 60;
-                  g.discard_top = 61;
-                },
-                true, false),
-            "Computer: took the card from the Draw Pile, put it in slot 6, 61 discarded");
-  EXPECT_EQ(entry(
-                kSideB, [](GameState& g) { std::swap(g.Card(kSideB, 1), g.Card(kSideB, 5)); }, true,
-                false),
-            "Computer: Switchem, swapped the cards in slots 1 and 5");
-  // A reversed row: the computer's slot 3 is the board's eighth.
-  EXPECT_EQ(entry(kSideB,
-                  [](GameState& g) {
-                    g.ReverseSideB();
-                    g.opponent_row_reversed = true;
-                    g.Card(kSideB, 3) = 50;
-                    g.discard_top = 81;
-                  }),
-            "Computer: Backem, reversed its direction; took 50 from the Discard Pile, put it in "
-            "slot 8, 81 discarded");
+  const Change a_switches = [](GameState& g) { std::swap(g.Card(kSideA, 1), g.Card(kSideA, 4)); };
+  const Change nothing = [](GameState&) {};
+  const Case cases[] = {
+      {kSideB, kDiscardInto4, true, true,
+       "Computer: took 50 from the Discard Pile, put it in slot 4, 41 discarded"},
+      {kSideA, a_draws_into_7, true, true,
+       "You: took 60 from the Draw Pile, put it in slot 7, 7 discarded"},
+      {kSideA, kPass, true, true, "You: passed, 60 from the Draw Pile discarded"},
+      {kSideB, kTakem, true, true, "Computer: Takem, gave 91 from slot 9 for your 2 from slot 2"},
+      {kSideA, kTakem, false, true, "You: Takem, gave 2 from slot 2 for Kim's 91 from slot 9"},
+      {kSideA, kSwitchB, true, true, "You: Smackem, swapped the Computer's cards in slots 1 and 5"},
+      {kSideB, kSmackem, true, true,
+       "Computer: Smackem, swapped your cards in slots 3 and 8 (3 and 8)"},
+      {kSideA, a_switches, true, true, "You: Switchem, swapped 1 in slot 1 and 4 in slot 4"},
+      {kSideB, nothing, false, true, "Kim: Switchem, kept the Stack as it was"},
+      // Side B's face-down Stack: what went in unseen stays unnamed; the Discard Pile is no
+      // secret.
+      {kSideB, kDrawInto6, true, false,
+       "Computer: took the card from the Draw Pile, put it in slot 6, 61 discarded"},
+      {kSideB, kSwitchB, true, false, "Computer: Switchem, swapped the cards in slots 1 and 5"},
+      {kSideB, kReversedDiscard, true, true,
+       "Computer: Backem, reversed its direction; took 50 from the Discard Pile, put it in slot "
+       "8, 81 discarded"},
+  };
+  const GameState before = Position();
+  for (const Case& c : cases) {
+    GameState after = before;
+    c.change(after);
+    EXPECT_EQ(MoveEntry(before, after, c.side, c.vs_computer, "Kim", c.face_up), c.told);
+  }
 }
 
 TEST(PromptLine, AMoveOnShowThenTheResultWhichStaysUntilTheNextGame) {
@@ -151,7 +140,7 @@ TEST(PromptLine, AMoveOnShowThenTheResultWhichStaysUntilTheNextGame) {
             "The computer will take 95 from the Discard Pile for slot 10.  Click the button to "
             "continue (Enter).");
   EXPECT_EQ(g.Field("Highlights"), "");
-  ASSERT_TRUE(g.Click("cmdCTakesDiscard"));
+  g.Press({"cmdCTakesDiscard"});
   ASSERT_TRUE(g.C("cmdCWins").visible);
   EXPECT_EQ(g.C("lblPrompt").caption,
             "The computer took 95 from the Discard Pile for slot 10 and put 2 on it.  The computer "
@@ -167,11 +156,11 @@ TEST(PromptLine, AMoveOnShowThenTheResultWhichStaysUntilTheNextGame) {
   EXPECT_EQ(g.C("lblDiscardPile").highlight, kHighlightBrief);
   EXPECT_EQ(g.C("lblCardA(1)").highlight, kHighlightNone);
 
-  ASSERT_TRUE(g.Click("cmdCWins"));
+  g.Press({"cmdCWins"});
   EXPECT_EQ(g.C("lblPrompt").caption,
             "The computer won in 1 move.  Choose the play options, then start a new game (F2).");
   EXPECT_EQ(g.Field("Highlights"), "");
-  ASSERT_TRUE(g.Click("chkBackem"));
+  g.Press({"chkBackem"});
   EXPECT_EQ(g.C("lblPrompt").caption.substr(0, 27), "The computer won in 1 move.");
   EXPECT_NE(g.C("lblMoveList(1)").caption, "");  // kept between games
   g.NewGameAFirst();
@@ -179,12 +168,92 @@ TEST(PromptLine, AMoveOnShowThenTheResultWhichStaysUntilTheNextGame) {
   EXPECT_EQ(g.C("lblMoveList(1)").caption, "");
 
   // The Hint's advice gives way to the next step once the player takes one of their own.
-  ASSERT_TRUE(g.Click("mnuHint"));
+  g.Press({"mnuHint"});
   EXPECT_EQ(g.C("lblPrompt").caption.rfind("Hint: ", 0), 0u);
-  ASSERT_TRUE(g.Click("lblDiscardPile"));
+  g.Press({"lblDiscardPile"});
   EXPECT_EQ(g.C("lblPrompt").caption.rfind("Choose the card of your Stack", 0), 0u);
-  ASSERT_TRUE(g.Click("lblCardA(4)"));
+  g.Press({"lblCardA(4)"});
   EXPECT_EQ(g.C("lblPrompt").caption.rfind("Click the button to put", 0), 0u);
+}
+
+// The Hint's advice on the prompt line, or "-" for a line without it.
+std::string Hint(const Game& g) {
+  const std::string& line = g.C("lblPrompt").caption;
+  return line.rfind("Hint: ", 0) == 0 ? line : "-";
+}
+
+// Side A to move with a stray 90 in slot 3.
+void StartForAHint(Game& g, std::initializer_list<const char*> options = {}) {
+  g.NewGameAFirst(options);
+  g.Set("Stacks(1)", "5 15 90 35 45 55 65 75 85 95");
+  g.Set("DrawPos", "1");
+}
+
+TEST(Hint, AdvisesTheTakeTheLookTheDrawCardAndThePassLightingUpWhatItNames) {
+  Game g;
+  EXPECT_FALSE(g.C("mnuHint").enabled);  // between games
+  StartForAHint(g);
+  g.Set("DiscardTop", "23");
+  g.Press({"mnuHint"});
+  EXPECT_EQ(Hint(g),
+            "Hint: take the Discard Pile card, 23, in place of your 90 (card 3 of your Stack).");
+  EXPECT_EQ(g.Field("Highlights"), "lblCardA(3) lblDiscardPile");
+  g.Set("DiscardTop", "50");
+  EXPECT_EQ(Hint(g), "-");  // the Discard Pile card changed
+  g.Press({"mnuHint"});
+  EXPECT_EQ(Hint(g), "Hint: leave the Discard Pile card and look at the Draw Pile card.");
+  g.Set("DrawCards", "27");
+  g.Press({"lblDrawPile"});
+  EXPECT_EQ(Hint(g), "-");  // the look was made
+  g.Press({"mnuHint"});
+  EXPECT_EQ(Hint(g),
+            "Hint: take the Draw Pile card, 27, in place of your 90 (card 3 of your Stack).");
+  EXPECT_EQ(g.Field("Highlights"), "lblCardA(3) lblDrawPile");
+  g.Press({"cmdQuit"});
+  StartForAHint(g);
+  g.Set("DrawCards", "60");
+  g.Press({"lblDrawPile", "mnuHint"});
+  EXPECT_EQ(Hint(g), "Hint: pass; the Draw Pile card, 60, does not help your Stack.");
+}
+
+// Whatever the opponent holds and whatever lies under the Draw Pile card, the advice is the
+// same; once the Draw Pile card is seen, only the cards below it stay hidden.
+TEST(Hint, ReadsNoHiddenCard) {
+  Game g;
+  StartForAHint(g);
+  g.Set("DiscardTop", "50");
+  std::vector<std::string> advice;
+  const auto ask = [&](const char* stack_b, const char* draw) {
+    if (*stack_b != '\0') g.Set("Stacks(2)", stack_b);
+    g.Set("DrawCards", draw);
+    g.Press({"mnuHint"});
+    advice.push_back(Hint(g));
+  };
+  ask("1 2 3 4 5 6 7 8 9 10", "27 28 29");
+  ask("91 92 93 94 96 97 98 99 100 11", "60 1 2");
+  ask("10 30 20 40 60 50 70 80 100 36", "33 21 22");
+  g.Press({"lblDrawPile"});
+  ask("", "27 28 29");
+  ask("", "27 60 1");
+  EXPECT_EQ(advice[1], advice[0]);
+  EXPECT_EQ(advice[2], advice[0]);
+  EXPECT_EQ(advice[4], advice[3]);
+  EXPECT_NE(advice[3], advice[0]);
+}
+
+TEST(Hint, OfferedOnlyOnSideAsOrdinaryTurn) {
+  Game g;
+  StartForAHint(g, {"chkSmackem"});
+  EXPECT_TRUE(g.C("mnuHint").enabled);
+  g.Set("DiscardTop", "23");
+  g.Press({"cmdSetupSmackemA"});
+  EXPECT_FALSE(g.C("mnuHint").enabled);
+  EXPECT_FALSE(g.Click("mnuHint"));
+  EXPECT_EQ(Hint(g), "-");
+  g.Press({"cmdSetupSmackemA"});
+  EXPECT_TRUE(g.C("mnuHint").enabled);
+  g.Press({"cmdQuit"});
+  EXPECT_FALSE(g.C("mnuHint").enabled);
 }
 
 }  // namespace
