@@ -85,7 +85,9 @@ TEST(RandomOptions, EachOptionIsOnExactlyAtOrBelowTheThreshold) {
   EXPECT_EQ(rng.draws(), 5);
 }
 
-TEST(OrderTest, AscendingWinsDescendingOnlyWithBackem) {
+// The order tests on named Stacks: ascending wins, descending only under Backem, and one card
+// out of place or an equal neighbour spoils the order. TestOneStack looks at the mover only.
+TEST(OrderTest, NamedStacks) {
   GameState g = Fresh(false);
   SetStack(g, kSideA, {1, 5, 9, 20, 33, 40, 41, 60, 77, 100});
   SetStack(g, kSideB, {90, 80, 70, 60, 50, 40, 30, 20, 10, 2});
@@ -94,21 +96,14 @@ TEST(OrderTest, AscendingWinsDescendingOnlyWithBackem) {
   g.turn_owner = kSideB;
   EXPECT_EQ(TestOneStack(g, false), kUndecided);
   EXPECT_EQ(TestOneStack(g, true), kBInOrder);
-}
-
-TEST(OrderTest, OneStackTestsOnlyTheMover) {
-  GameState g = Fresh(false);
   SetStack(g, kSideA, {3, 1, 9, 20, 33, 40, 41, 60, 77, 100});
   SetStack(g, kSideB, {2, 4, 6, 8, 10, 12, 14, 16, 18, 19});
   g.turn_owner = kSideA;
   EXPECT_EQ(TestOneStack(g, false), kUndecided);
   EXPECT_EQ(TestBothStacks(g, false), kBInOrder);
-}
 
-TEST(OrderTest, OneOutOfPlaceOrAnEqualNeighbourSpoilsTheOrder) {
-  GameState g = Fresh(true);
+  g = Fresh(true);
   for (int k = 1; k <= 20; ++k) g.Card(kSideA, k) = k * 5;
-  g.turn_owner = kSideA;
   EXPECT_EQ(TestOneStack(g, false), kAInOrder);
   g.Card(kSideA, 20) = 95;  // equal to its neighbour
   EXPECT_EQ(TestOneStack(g, true), kUndecided);
