@@ -59,8 +59,11 @@ TEST(Options, StackemOnAndOffKeepsTheShortDrawPileAndTakemShowsItsButtons) {
   EXPECT_EQ(g.Field("StackSize"), "10");
   EXPECT_EQ(g.Field("DrawCount"), "59");  // deliberately not recomputed when switched off
   EXPECT_FALSE(g.C("lblCardA(11)").visible);
-  g.Press({"chkTakem"});
-  EXPECT_TRUE(g.C("cmdSetupTakemA").visible && g.C("cmdSetupTakemB").visible);
+  // The set-up buttons show which moves the game will offer, but take no clicks before it.
+  g.Press({"chkTakem", "chkSmackem"});
+  for (const char* name :
+       {"cmdSetupTakemA", "cmdSetupTakemB", "cmdSetupSmackemA", "cmdSetupSmackemB"})
+    EXPECT_TRUE(g.C(name).visible && !g.C(name).enabled) << name;
   g.Press({"mnuOptionsTakem"});
   EXPECT_FALSE(g.C("cmdSetupTakemA").visible);
 }

@@ -176,6 +176,49 @@ TEST(PromptLine, AMoveOnShowThenTheResultWhichStaysUntilTheNextGame) {
   EXPECT_EQ(g.C("lblPrompt").caption.rfind("Click the button to put", 0), 0u);
 }
 
+// What the prompt line says after each step of a turn and of the special moves' set-ups.
+TEST(PromptLine, SaysWhatCanBeDoneNow) {
+  Game g;
+  const auto says = [&g](std::initializer_list<const char*> clicks, const std::string& start) {
+    g.Press(clicks);
+    EXPECT_EQ(g.C("lblPrompt").caption.substr(0, start.size()), start);
+  };
+  says({"chkSmackem", "chkTakem"}, "Choose the play options, then start a new game (F2).");
+  g.NewGameAFirst();
+  g.Set("Stacks(1)", "36 5 1 30 59 22 65 7 16 75");
+  g.Set("DiscardTop", "4");
+  g.Set("DrawPos", "1");
+  g.Set("DrawCards", "97");
+  says({},
+       "Your turn: take the Discard Pile card (D) or look at the Draw Pile card (P), or use "
+       "Smackem or Takem.");
+  says({"lblCardA(2)"},
+       "Take the Discard Pile card (D) for your 5, or look at the Draw Pile card (P).");
+  says({"lblDiscardPile"}, "Click the button to put 4 in place of your 5 (Enter).");
+  says({"lblDrawPile"},
+       "Choose the card of your Stack to replace with 97, or pass with the button.");
+  says({"lblCardA(4)"}, "Click the button to put 97 in place of your 30 (Enter).");
+  g.Press({"cmdQuit"});
+  g.NewGameAFirst();
+  says({"cmdSetupSmackemA"},
+       "Smackem: choose 2 of the computer's cards to swap, then click the button, or press "
+       "Smackem again to give up.");
+  says({"cmdSetupSmackemA", "cmdSetupTakemA"},
+       "Takem: choose 1 of your cards and 1 of the computer's to exchange, then click the button, "
+       "or press Takem again to give up.");
+  g.Press({"cmdQuit"});
+  g.NewGameAFirst({"optFastModeOn", "chkSwitchem"});
+  says({}, "Switchem: choose 2 of your cards to swap.");
+  says({"lblCardA(1)", "lblCardA(2)", "lblDrawPile"},
+       "Choose the card of your Stack to replace with ");
+  EXPECT_NE(g.C("lblPrompt").caption.find(", or pass by clicking the Discard Pile."),
+            std::string::npos);
+  g.Press({"cmdQuit"});
+  g.NewGameAFirst({"optFastModeOff"});
+  says({"lblCardA(1)", "lblCardA(2)"},
+       "Switchem: click the button to swap the two cards you chose (Enter).");
+}
+
 // The Hint's advice on the prompt line, or "-" for a line without it.
 std::string Hint(const Game& g) {
   const std::string& line = g.C("lblPrompt").caption;
