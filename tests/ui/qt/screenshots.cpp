@@ -124,26 +124,26 @@ void WinningPosition(GameModel& game, std::vector<int> stack, int discard) {
 // Everything but the card faces follows the palette; this one stands for a dark desktop.
 QPalette Dark() {
   QPalette p;
-  const QColor window(0x2b, 0x2d, 0x30), text(0xe4, 0xe4, 0xe4), base(0x1f, 0x20, 0x22);
-  p.setColor(QPalette::Window, window);
-  p.setColor(QPalette::WindowText, text);
-  p.setColor(QPalette::Base, base);
-  p.setColor(QPalette::AlternateBase, window);
-  p.setColor(QPalette::Text, text);
-  p.setColor(QPalette::Button, QColor(0x3a, 0x3c, 0x40));
-  p.setColor(QPalette::ButtonText, text);
-  p.setColor(QPalette::Highlight, QColor(0x4a, 0x90, 0xd9));
-  p.setColor(QPalette::HighlightedText, Qt::white);
-  p.setColor(QPalette::PlaceholderText, QColor(0x90, 0x90, 0x90));
-  p.setColor(QPalette::ToolTipBase, base);
-  p.setColor(QPalette::ToolTipText, text);
-  p.setColor(QPalette::Light, QColor(0x50, 0x52, 0x56));
-  p.setColor(QPalette::Midlight, QColor(0x44, 0x46, 0x4a));
-  p.setColor(QPalette::Mid, QColor(0x33, 0x35, 0x38));
-  p.setColor(QPalette::Dark, QColor(0x1a, 0x1b, 0x1d));
-  p.setColor(QPalette::Shadow, Qt::black);
+  const std::pair<QPalette::ColorRole, QRgb> colours[] = {{QPalette::Window, 0x2b2d30},
+                                                          {QPalette::WindowText, 0xe4e4e4},
+                                                          {QPalette::Base, 0x1f2022},
+                                                          {QPalette::AlternateBase, 0x2b2d30},
+                                                          {QPalette::Text, 0xe4e4e4},
+                                                          {QPalette::Button, 0x3a3c40},
+                                                          {QPalette::ButtonText, 0xe4e4e4},
+                                                          {QPalette::Highlight, 0x4a90d9},
+                                                          {QPalette::HighlightedText, 0xffffff},
+                                                          {QPalette::PlaceholderText, 0x909090},
+                                                          {QPalette::ToolTipBase, 0x1f2022},
+                                                          {QPalette::ToolTipText, 0xe4e4e4},
+                                                          {QPalette::Light, 0x505256},
+                                                          {QPalette::Midlight, 0x44464a},
+                                                          {QPalette::Mid, 0x333538},
+                                                          {QPalette::Dark, 0x1a1b1d},
+                                                          {QPalette::Shadow, 0x000000}};
+  for (const auto& [role, rgb] : colours) p.setColor(role, QColor(rgb));
   for (auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-    p.setColor(QPalette::Disabled, role, QColor(0x80, 0x80, 0x80));
+    p.setColor(QPalette::Disabled, role, QColor(0x808080));
   return p;
 }
 
