@@ -14,6 +14,13 @@ void ExpectLines(const std::string& text, std::initializer_list<const char*> lin
   for (const char* line : lines) EXPECT_NE(text.find(line), std::string::npos) << line;
 }
 
+// Between games the set-up buttons show which moves a game will offer, but take no clicks.
+void ExpectSetUpButtonsIdle(Game& g) {
+  for (const char* name :
+       {"cmdSetupTakemA", "cmdSetupTakemB", "cmdSetupSmackemA", "cmdSetupSmackemB"})
+    EXPECT_TRUE(g.C(name).visible && !g.C(name).enabled) << name;
+}
+
 TEST(StartUp, NoFileMeansComputerNoOptionsModesOffAndExitWritesEveryKey) {
   Game g;
   EXPECT_EQ(g.Field("VsComputer") + g.Field("StackSize") + g.Field("DrawCount"), "11079");
@@ -59,11 +66,8 @@ TEST(Options, StackemOnAndOffKeepsTheShortDrawPileAndTakemShowsItsButtons) {
   EXPECT_EQ(g.Field("StackSize"), "10");
   EXPECT_EQ(g.Field("DrawCount"), "59");  // deliberately not recomputed when switched off
   EXPECT_FALSE(g.C("lblCardA(11)").visible);
-  // The set-up buttons show which moves the game will offer, but take no clicks before it.
   g.Press({"chkTakem", "chkSmackem"});
-  for (const char* name :
-       {"cmdSetupTakemA", "cmdSetupTakemB", "cmdSetupSmackemA", "cmdSetupSmackemB"})
-    EXPECT_TRUE(g.C(name).visible && !g.C(name).enabled) << name;
+  ExpectSetUpButtonsIdle(g);
   g.Press({"mnuOptionsTakem"});
   EXPECT_FALSE(g.C("cmdSetupTakemA").visible);
 }
@@ -104,7 +108,7 @@ TEST(Options, RandomDrawsEachOptionAndIsRememberedAsRandomOnly) {
 
 TEST(Game, LockingAndQuittingTheControls) {
   Game g;
-  g.NewGameAFirst();
+  g.NewGameAFirst({"chkSmackem", "chkTakem"});
   EXPECT_EQ(g.Live({"cmdNew", "cmdQuit"}), "cmdQuit");
   for (const char* name : {"chkStackem", "chkRandom", "optVsHuman", "optFastModeOn",
                            "mnuOptionsBackem", "mnuVsHuman", "mnuFileNewGame", "mnuLearnModeOn"})
@@ -115,6 +119,7 @@ TEST(Game, LockingAndQuittingTheControls) {
   EXPECT_EQ(g.Live({"mnuPopupFileNewGame", "mnuPopupFileQuitGame"}), "mnuPopupFileQuitGame");
   g.Press({"mnuPopupFileQuitGame"});
   EXPECT_EQ(g.Live({"cmdNew", "cmdQuit", "chkStackem"}), "cmdNew chkStackem");
+  ExpectSetUpButtonsIdle(g);
   EXPECT_TRUE(g.C("lblCardB(1)").visible);  // the board is revealed
   EXPECT_FALSE(g.C("lblMoveCountA").visible);
   EXPECT_EQ(g.Field("MoveCountA"), "0");

@@ -8,37 +8,49 @@
 #include <vector>
 
 #include "support/every_card.h"
+#include "ui/model/app_model.h"
 #include "ui/model/fake_platform.h"
-#include "ui/model/game_model.h"
 
 namespace bq::test {
 
-// A loaded game window over a temporary settings file.
+// One copy of the program, loaded, over a temporary settings file of its own: every window, the
+// game window's model in reach as `model`.
 struct Game {
-  explicit Game(const std::string& settings_text = "", int screen_width = 1920) {
+  explicit Game(const std::string& settings_text = "", int screen_width = 1920, unsigned seed = 1)
+      : platform(seed) {
     if (!settings_text.empty()) file.Write(settings_text);
     platform.screen_width = screen_width;
-    model.Load();
+    app.Load();
   }
-  bool Click(const std::string& name) { return model.Click(name); }
+  explicit Game(unsigned seed) : Game("", 1920, seed) {}
+  // Names as the driver takes them: "cmdNew", "frmStats.cmdYes".
+  bool Click(const std::string& name) { return app.Click(name) == AppModel::Result::kDone; }
   // Clicks each in turn, every click taken.
   void Press(std::initializer_list<const char*> names) {
     for (const char* name : names) ASSERT_TRUE(Click(name)) << name;
   }
-  const Control& C(const std::string& name) const {
-    const Control* c = model.Find(name);
+  void Type(const std::string& name, const std::string& text) {
+    ASSERT_EQ(app.Type(name, text), AppModel::Result::kDone) << name;
+  }
+  const Control& C(const std::string& name) {
+    const Control* c = app.Find(name);
     EXPECT_NE(c, nullptr) << name;
     static const Control none;
     return c ? *c : none;
   }
-  bool Up(const std::string& name) const { return C(name).visible && C(name).enabled; }
-  // Those of `names` that are on show and enabled, in order: compact checks of a whole panel.
-  std::string Live(std::initializer_list<const char*> names) const {
+  // On show, enabled, and in a window that is open.
+  bool Up(const std::string& name) {
+    return C(name).visible && C(name).enabled && app.IsOpen(AppModel::Split(name).first);
+  }
+  // Those of `names` that are up, in order: compact checks of a whole panel.
+  std::string Live(std::initializer_list<const char*> names) {
     std::string out;
     for (const char* name : names)
       if (Up(name)) out += (out.empty() ? "" : " ") + std::string(name);
     return out;
   }
+  std::string Panel(int i) { return C("StatusBar1.Panel(" + std::to_string(i) + ")").caption; }
+  std::string State() const { return model.state().ToString(); }
   std::string Field(const std::string& name) const { return model.GetField(name).value_or("?"); }
   void Set(const std::string& field, const std::string& values) {
     ASSERT_EQ(model.SetField(field, values), "") << field;
@@ -70,22 +82,19 @@ struct Game {
 
   TempSettings file;
   FakePlatform platform;
-  GameModel model{platform, file.path()};
+  AppModel app{platform, file.path()};
+  GameModel& model = app.game();
 };
 
 // Presses the first computer's button on show, if any.
 inline bool PressComputerButton(Game& g) {
   for (const char* button : {"cmdCTakesDiscard", "cmdCTakesDraw", "cmdCTakesNothing", "cmdTakemC",
                              "cmdSmackemC", "cmdSwitchemC", "cmdBackemC"})
-    if (g.Up(button)) {
-      const bool done = g.Click(button);
-      EXPECT_TRUE(done) << button;
-      return done;
-    }
+    if (g.Up(button)) return g.Click(button);
   return false;
 }
 
-// The six option check boxes, in the order of their bits in the playout tests' option masks.
+// The six option check boxes, in the order of their bits in the whole-game test's masks.
 inline constexpr const char* kOptionBoxes[] = {"chkStackem", "chkBackem", "chkSwitchem",
                                                "chkSmackem", "chkTakem",  "chkRandom"};
 
@@ -95,15 +104,15 @@ inline std::string CardName(char side, int k) {
 
 // Plays side A by a simple rule through the window's own events: a card goes to the slot of its
 // tenth (or twentieth) of the deck when that slot holds a misfit, otherwise a pass; now and then
-// a Smackem or Takem on random cards. `Side` offers Up(name) and Click(name).
-template <class Side>
+// a Smackem or Takem on random cards. The opponent's special moves are acknowledged first.
 class SimplePlayer {
  public:
-  SimplePlayer(Side& side, const GameModel& model, unsigned seed)
-      : side_(side), model_(model), rng_(seed) {}
+  SimplePlayer(Game& side, unsigned seed) : side_(side), model_(side.model), rng_(seed) {}
 
   // One decision, or false when there is nothing for side A to do.
   bool Step() {
+    for (const char* ack : {"cmdSmackemB", "cmdTakemB"})
+      if (side_.Up(ack)) return side_.Click(ack);
     const GameState& s = model_.state();
     const int n = s.stack_size;
     if (side_.Up("cmdSwitchemA")) {
@@ -151,7 +160,7 @@ class SimplePlayer {
     return true;
   }
 
-  Side& side_;
+  Game& side_;
   const GameModel& model_;
   std::mt19937 rng_;
 };

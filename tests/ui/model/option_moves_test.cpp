@@ -7,7 +7,7 @@ namespace {
 
 using test::Game;
 
-std::string Stack(const Game& g, int side) {
+std::string Stack(Game& g, int side) {
   return g.Field(side == 1 ? "Stacks(1)" : "Stacks(2)");
 }
 
@@ -266,6 +266,7 @@ TEST(ComputerTakem, ItTakesFromThePlayerOnceInTheEndGame) {
   g.Press({"lblDiscardPile", "lblCardA(1)", "cmdPlayA"});
   ASSERT_TRUE(g.C("cmdTakemC").visible);
   EXPECT_EQ(g.C("lblCardA(4)").marked + g.C("lblCardB(3)").marked, 2);
+  EXPECT_EQ(g.Live({"lblCardA(1)", "lblCardA(4)"}), "lblCardA(1) lblCardA(4)");  // not greyed
   g.Press({"cmdTakemC"});
   EXPECT_EQ(g.model.state().Card(kSideA, 4), 45);
   EXPECT_EQ(g.model.state().Card(kSideB, 3), 33);

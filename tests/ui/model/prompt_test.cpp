@@ -220,7 +220,7 @@ TEST(PromptLine, SaysWhatCanBeDoneNow) {
 }
 
 // The Hint's advice on the prompt line, or "-" for a line without it.
-std::string Hint(const Game& g) {
+std::string Hint(Game& g) {
   const std::string& line = g.C("lblPrompt").caption;
   return line.rfind("Hint: ", 0) == 0 ? line : "-";
 }

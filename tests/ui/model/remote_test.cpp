@@ -17,29 +17,7 @@
 
 namespace bq::test {
 
-// One copy of the program: its settings file, its platform and every window.
-struct Copy {
-  explicit Copy(unsigned seed) : platform(seed) { app.Load(); }
-  bool Click(const std::string& name) { return app.Click(name) == AppModel::Result::kDone; }
-  void Press(std::initializer_list<const char*> names) {
-    for (const char* name : names) ASSERT_TRUE(Click(name)) << name;
-  }
-  void Type(const std::string& name, const std::string& text) {
-    ASSERT_EQ(app.Type(name, text), AppModel::Result::kDone) << name;
-  }
-  bool Up(const std::string& name) {
-    const Control* c = app.Find(name);
-    return c != nullptr && c->visible && c->enabled && app.IsOpen(AppModel::Split(name).first);
-  }
-  const Control& C(const std::string& name) { return *app.Find(name); }
-  std::string Field(const std::string& f) const { return app.game().GetField(f).value_or("?"); }
-  std::string Panel(int i) { return C("StatusBar1.Panel(" + std::to_string(i) + ")").caption; }
-  std::string State() const { return app.game().state().ToString(); }
-
-  TempSettings file;
-  FakePlatform platform;
-  AppModel app{platform, file.path()};
-};
+using Copy = Game;
 
 // Two copies joined by an in-memory link, each set up against the other: "a" on port 1001,
 // "b" on 1002. Nothing travels until Pump(). The relay loses the next message that starts with
@@ -112,21 +90,6 @@ void ExpectAgreement(const Copy& a, const Copy& b) {
   ASSERT_EQ(x.move_count_b, y.move_count_a);
 }
 
-// One copy's side, its acknowledgements of the opponent's special moves first.
-class Player {
- public:
-  Player(Copy& c, unsigned seed) : c_(c), policy_(c, c.app.game(), seed) {}
-  bool Step() {
-    for (const char* ack : {"cmdSmackemB", "cmdTakemB"})
-      if (c_.Up(ack)) return c_.Click(ack);
-    return policy_.Step();
-  }
-
- private:
-  Copy& c_;
-  test::SimplePlayer<Copy> policy_;
-};
-
 TEST(Remote, WholeGamesWithEveryOptionEndAlikeOnBothCopies) {
   int results[4] = {};
   for (unsigned seed = 0; seed < 192; ++seed) {
@@ -143,7 +106,7 @@ TEST(Remote, WholeGamesWithEveryOptionEndAlikeOnBothCopies) {
     for (const char* box : test::kOptionBoxes) ASSERT_EQ(m.a.C(box).value, m.b.C(box).value) << box;
     ASSERT_EQ(m.b.Field("FastMode"), mode == 1 ? "1" : "0");
     ASSERT_EQ(m.b.Field("LearnMode"), mode == 2 ? "1" : "0");
-    Player pa(m.a, seed), pb(m.b, seed + 7);
+    test::SimplePlayer pa(m.a, seed), pb(m.b, seed + 7);
     int steps = 0;
     while (m.a.Field("TurnResult") == "0" && steps++ < 4000) {
       const bool moved = pa.Step() || pb.Step();
@@ -322,6 +285,11 @@ TEST_P(LostMessage, BothPlayersGetBackToNewGame) {
   if (m.lose == "quit") m.a.Press({"cmdQuit"});
   m.Pump();
   ASSERT_EQ(m.lose, "") << "nothing lost";
+  if (std::string(GetParam()) == "setu") {  // the invited copy waits for the deal in vain
+    m.b.platform.now_ms = 30000;
+    m.b.app.Tick();
+    EXPECT_NE(m.b.C("lblPrompt").caption.find("No word from your opponent"), std::string::npos);
+  }
   for (Copy* c : {&m.b, &m.a})
     if (c->Up("cmdQuit")) {
       c->Press({"cmdQuit"});
@@ -504,25 +472,18 @@ TEST(Remote, SilenceAndStrangersAreExplainedOnThePromptLine) {
   EXPECT_EQ(m.Pump(), 0);
 }
 
-// Under the invitation, who sends it; in the next run the dialog offers the connection last set
+// The invitation says who sends it; in the next run the dialog offers the connection last set
 // up, with Send ready, and what the player types is never overwritten by it.
 TEST(Remote, TheInvitationSaysWhoInvitesAndTheNextRunOffersTheLastConnection) {
   Match m;
   m.a.Press({"cmdNew"});
   m.Pump();
-  std::vector<std::string> names;
-  for (const NamedControl& nc : m.b.app.Window("frmInvitation")->Controls())
-    names.push_back(nc.name);
-  EXPECT_EQ(names,
-            (std::vector<std::string>{"Caption", "lblAcceptReject", "lblFrom", "cmdYes", "cmdNo"}));
   EXPECT_EQ(m.b.C("frmInvitation.lblFrom").caption,
             "The invitation comes from 127.0.0.1, port 1001.");
   m.b.Press({"frmInvitation.cmdNo"});
   ASSERT_EQ(m.b.app.Close("frmGame"), AppModel::Result::kDone);
 
-  Copy next(9);
-  next.file.Write(m.b.file.Read());
-  next.app.Load();
+  Copy next(m.b.file.Read());
   next.Press({"optVsHuman", "cmdSetupRemoteOpponent"});
   const auto box = [&](const char* name) { return next.C(std::string("frmCommunicate.") + name); };
   EXPECT_EQ(box("txtIPB").caption + " " + box("txtPortB").caption + " " + box("txtPortA").caption,
