@@ -168,16 +168,6 @@ class HelpWindowsTest : public QObject {
       QCOMPARE(QImage(data.filePath(QStringLiteral("bramblequay-%1.png").arg(size))).size(),
                QSize(size, size));
   }
-
-  void soundItemInTheOptionsMenu() {
-    Session s;
-    auto* sound = s.find<QAction>("mnuOptionsSound");
-    QVERIFY(sound != nullptr && sound->isCheckable() && sound->isChecked());
-    QCOMPARE(sound->text(), QStringLiteral("Sound"));
-    sound->trigger();
-    QVERIFY(!sound->isChecked());
-    QCOMPARE(s.game().mnuOptionsSound.value, 0);
-  }
 };
 
 QTEST_MAIN(HelpWindowsTest)

@@ -219,10 +219,9 @@ void Screenshots::learnModeWithJudgement() {
       continue;
     }
     if (!s.game().Find("lblDrawPile")->enabled) break;  // the game is over
-    QTest::mouseClick(s.find("lblDrawPile"), Qt::LeftButton);
+    s.click({"lblDrawPile"});
     const int slot = std::clamp((s.game().state().DrawTop() + 9) / 10, 1, 10);
-    QTest::mouseClick(s.find("lblCardA(" + std::to_string(slot) + ")"), Qt::LeftButton);
-    QTest::mouseClick(s.find("cmdPlayA"), Qt::LeftButton);
+    s.click({("lblCardA(" + std::to_string(slot) + ")").c_str(), "cmdPlayA"});
   }
   Save(s.window(), QStringLiteral("screenshot-game-learn-mode-judgement-%1.png").arg(Scale()));
   if (Scale() == QLatin1String("100"))  // the help's picture is made at 100 % only
@@ -233,11 +232,11 @@ void Screenshots::helpDocumentBoard() {
   // Your turn, the Draw Pile card turned up and the card it will replace chosen.
   Session s;
   QVERIFY(QTest::qWaitForWindowExposed(s.window()));
-  QTest::mouseClick(s.find("cmdNew"), Qt::LeftButton);
+  s.click({"cmdNew"});
   if (s.game().cmdCTakesNothing.visible)  // the computer moved first and turned a card down
-    QTest::mouseClick(s.find("cmdCTakesNothing"), Qt::LeftButton);
+    s.click({"cmdCTakesNothing"});
   QVERIFY(s.game().lblDrawPile.enabled);
-  QTest::mouseClick(s.find("lblDrawPile"), Qt::LeftButton);
+  s.click({"lblDrawPile"});
   const int slot = std::clamp((s.game().state().DrawTop() + 9) / 10, 1, 10);
   QTest::mouseClick(s.find("lblCardA(" + std::to_string(slot) + ")"), Qt::LeftButton);
   QVERIFY(s.game().cmdPlayA.visible && s.game().cmdPlayA.enabled);
