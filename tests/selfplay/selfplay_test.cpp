@@ -5,6 +5,7 @@
 
 #include "selfplay/run.h"
 #include "selfplay/summary.h"
+#include "support/every_card.h"
 #include "support/scripted_rng.h"
 #include "support/temp_settings.h"
 
@@ -96,6 +97,46 @@ TEST(SelfPlay, OptionLists) {
     EXPECT_FALSE(ParseOptionList(bad, error)) << bad;
     EXPECT_NE(error.find("unknown option"), std::string::npos) << bad;
   }
+}
+
+// Every option set: the seats choose only legal moves (the match stops with an exception
+// otherwise), and every applied move leaves the cards and counts consistent.
+class Checker : public MoveObserver {
+ public:
+  void Applied(const Move& m, const GameState& g) override {
+    moves += m.kind != MoveKind::kBackem;
+    renewed_ = renewed_ || g.draw_pos < last_draw_pos_;
+    last_draw_pos_ = g.draw_pos;
+    ASSERT_TRUE(test::EveryCardOnce(g, renewed_)) << ToString(m);
+    ASSERT_EQ(g.move_count_a + g.move_count_b, moves);
+    ASSERT_LE(std::abs(g.move_count_a - g.move_count_b), 1) << g.ToString();
+  }
+  int moves = 0;
+
+ private:
+  bool renewed_ = false;
+  int last_draw_pos_ = 1;
+};
+
+TEST(SelfPlay, EveryOptionSetPlaysLegalMovesToAResult) {
+  int results[4] = {};
+  for (unsigned mask = 0; mask < 32; ++mask) {
+    OptionChoice choice;
+    for (int o = 0; o < kOptionCount; ++o) choice.fixed[static_cast<size_t>(o)] = mask >> o & 1;
+    test::ScriptedRng rng(mask);
+    Match match(choice, rng, 1000);
+    for (int game = 0; game < 40; ++game) {
+      SCOPED_TRACE(testing::Message() << "options " << mask << " game " << game);
+      Checker checker;
+      const GameRecord r = match.PlayGame(&checker);
+      ASSERT_FALSE(testing::Test::HasFatalFailure());
+      ASSERT_EQ(r.moves(), checker.moves);
+      ++results[r.result];
+    }
+  }
+  EXPECT_LT(results[kUndecided], 40);
+  EXPECT_GT(results[kAInOrder], 400);
+  EXPECT_GT(results[kBInOrder], 400);
 }
 
 }  // namespace
