@@ -46,6 +46,11 @@ struct Match {
     ASSERT_FALSE(c.app.IsOpen("frmCommunicate"));
   }
   int Pump() { return link_a->Pump(); }
+  // `c` clicks, then what it sent travels.
+  void Send(Copy& c, std::initializer_list<const char*> names) {
+    c.Press(names);
+    Pump();
+  }
   // `text` arrives at `to` from its opponent's address and port.
   void Inject(Copy& to, const std::string& text) {
     (&to == &a ? link_a : link_b)->Arrive("127.0.0.1", &to == &a ? 1002 : 1001, text);
@@ -53,11 +58,9 @@ struct Match {
   }
   // "a" invites, "b" accepts, the deal travels.
   void Start() {
-    a.Press({"cmdNew"});
-    Pump();
+    Send(a, {"cmdNew"});
     ASSERT_TRUE(b.app.IsOpen("frmInvitation"));
-    b.Press({"frmInvitation.cmdYes"});
-    Pump();
+    Send(b, {"frmInvitation.cmdYes"});
     ASSERT_EQ(b.Field("IsDealer"), "0");
   }
 
@@ -177,8 +180,7 @@ TEST(Remote, TheStatusBarTellsWhatWasSentAndReceived) {
 
 TEST(Remote, AStackDealtInOrderShowsItsResultOnBothCopiesAndPlayGoesOn) {
   Match m;
-  m.a.Press({"cmdNew"});
-  m.Pump();
+  m.Send(m.a, {"cmdNew"});
   // The held deal, put in order before it is sent.
   std::vector<int> mine;
   std::istringstream in(m.a.Field("Stacks(1)"));
@@ -187,11 +189,9 @@ TEST(Remote, AStackDealtInOrderShowsItsResultOnBothCopiesAndPlayGoesOn) {
   std::string sorted;
   for (int card : mine) sorted += std::to_string(card) + " ";
   ASSERT_EQ(m.a.app.game().SetField("Stacks(1)", sorted), "");
-  m.b.Press({"frmInvitation.cmdYes"});
-  m.Pump();
+  m.Send(m.b, {"frmInvitation.cmdYes"});
   EXPECT_TRUE(m.a.Up("cmdAWins") && m.b.Up("cmdBWins"));
-  m.b.Press({"lblDrawPile", "cmdPlayA"});
-  m.Pump();
+  m.Send(m.b, {"lblDrawPile", "cmdPlayA"});
   EXPECT_EQ(m.a.Panel(2), "Move received - Pass");
   ExpectAgreement(m.a, m.b);
 }
@@ -226,8 +226,7 @@ TEST(Remote, MessagesOutOfTurnOrFromStrangersChangeNothing) {
 
 TEST(Remote, RejectionQuitAndExitEachLeaveAWayBack) {
   Match m;
-  m.a.Press({"cmdNew"});
-  m.Pump();
+  m.Send(m.a, {"cmdNew"});
   EXPECT_FALSE(m.b.Up("cmdNew"));
   EXPECT_EQ(m.b.Panel(2), "Invitation received");
   m.b.Press({"frmInvitation.cmdNo"});
@@ -242,8 +241,7 @@ TEST(Remote, RejectionQuitAndExitEachLeaveAWayBack) {
   EXPECT_TRUE(m.a.Up("cmdNew"));
 
   m.Start();
-  m.a.Press({"cmdQuit"});
-  m.Pump();
+  m.Send(m.a, {"cmdQuit"});
   ASSERT_TRUE(m.b.Up("cmdQuitReceived"));
   EXPECT_NE(m.b.C("lblPrompt").caption.find("has quit this game"), std::string::npos);
   for (const char* name : {"cmdNew", "optVsComputer", "cmdSetupRemoteOpponent"})
@@ -252,8 +250,7 @@ TEST(Remote, RejectionQuitAndExitEachLeaveAWayBack) {
   m.Start();
   EXPECT_FALSE(m.b.C("cmdQuitReceived").visible);
   EXPECT_FALSE(m.b.Up("cmdNew"));
-  m.a.Press({"cmdQuit"});
-  m.Pump();
+  m.Send(m.a, {"cmdQuit"});
   m.b.Press({"cmdQuitReceived"});
   EXPECT_TRUE(m.b.Up("cmdNew"));
 
@@ -276,8 +273,7 @@ TEST_P(LostMessage, BothPlayersGetBackToNewGame) {
   Match m;
   m.lose = GetParam();
   // The exchange goes on as far as it can: a invites, b accepts, b passes, a quits.
-  m.a.Press({"cmdNew"});
-  m.Pump();
+  m.Send(m.a, {"cmdNew"});
   if (m.b.app.IsOpen("frmInvitation")) m.b.Press({"frmInvitation.cmdYes"});
   m.Pump();
   if (m.b.Up("lblDrawPile")) m.b.Press({"lblDrawPile", "cmdPlayA"});
@@ -291,10 +287,7 @@ TEST_P(LostMessage, BothPlayersGetBackToNewGame) {
     EXPECT_NE(m.b.C("lblPrompt").caption.find("No word from your opponent"), std::string::npos);
   }
   for (Copy* c : {&m.b, &m.a})
-    if (c->Up("cmdQuit")) {
-      c->Press({"cmdQuit"});
-      m.Pump();
-    }
+    if (c->Up("cmdQuit")) m.Send(*c, {"cmdQuit"});
   for (Copy* c : {&m.a, &m.b}) {
     if (c->Up("cmdQuitReceived")) c->Press({"cmdQuitReceived"});
     EXPECT_TRUE(c->Up("cmdNew"));
@@ -302,8 +295,7 @@ TEST_P(LostMessage, BothPlayersGetBackToNewGame) {
     EXPECT_FALSE(c->app.IsOpen("frmInvitation"));
   }
   m.Start();
-  m.b.Press({"lblDrawPile", "cmdPlayA"});
-  m.Pump();
+  m.Send(m.b, {"lblDrawPile", "cmdPlayA"});
   EXPECT_EQ(m.a.Field("MoveCountB"), "1");
   ExpectAgreement(m.a, m.b);
 }
@@ -325,15 +317,13 @@ TEST(Remote, DealsWithEitherDrawPileLengthArePlayedAlikeThroughARenewal) {
     ASSERT_TRUE(test::EveryCardOnce(m.b.app.game().state(), false));
     // Both pass until the Draw Pile has come round again.
     for (int move = 0; move < d + 5; ++move) {
-      (move % 2 == 0 ? m.b : m.a).Press({"lblDrawPile", "cmdPlayA"});
-      m.Pump();
+      m.Send(move % 2 == 0 ? m.b : m.a, {"lblDrawPile", "cmdPlayA"});
       ExpectAgreement(m.a, m.b);
       if (testing::Test::HasFatalFailure()) return;
     }
     EXPECT_EQ(m.b.Field("DrawPos"), "6");
     // Once the game is over, the receiving copy deals its own length again.
-    m.a.Press({"cmdQuit"});
-    m.Pump();
+    m.Send(m.a, {"cmdQuit"});
     EXPECT_EQ(m.b.Field("DrawCount"), dealer_short ? "79" : "59");
   }
 }
@@ -357,8 +347,7 @@ TEST(Remote, EveryInvitationIsHeardAndAnsweredAndADealCountsOnlyAfterYes) {
   // b has gone back to the computer: the invitation is heard all the same. Closing the dialog by
   // its frame says No, and both can start again.
   m.b.Press({"optVsComputer"});
-  m.a.Press({"cmdNew"});
-  m.Pump();
+  m.Send(m.a, {"cmdNew"});
   ASSERT_TRUE(m.b.app.IsOpen("frmInvitation"));
   EXPECT_FALSE(m.b.Up("cmdNew"));
   ASSERT_EQ(m.b.app.Close("frmInvitation"), AppModel::Result::kDone);
@@ -366,10 +355,8 @@ TEST(Remote, EveryInvitationIsHeardAndAnsweredAndADealCountsOnlyAfterYes) {
   deal_arrives();  // after No
   m.a.Press({"cmdInvitationRejected"});
   // A quit while the dialog is up takes it down unanswered.
-  m.a.Press({"cmdNew"});
-  m.Pump();
-  m.a.Press({"cmdQuit"});
-  m.Pump();
+  m.Send(m.a, {"cmdNew"});
+  m.Send(m.a, {"cmdQuit"});
   EXPECT_FALSE(m.b.app.IsOpen("frmInvitation"));
   m.b.Press({"cmdQuitReceived"});
   EXPECT_TRUE(m.b.Up("cmdNew"));
@@ -380,8 +367,7 @@ TEST(Remote, EveryInvitationIsHeardAndAnsweredAndADealCountsOnlyAfterYes) {
   deal_arrives();
   // a's quit is lost and a invites again: the game left on b's board is over, even after a No.
   m.lose = "quit";
-  m.a.Press({"cmdQuit", "cmdNew"});
-  m.Pump();
+  m.Send(m.a, {"cmdQuit", "cmdNew"});
   m.b.Press({"frmInvitation.cmdNo"});
   EXPECT_TRUE(m.b.Up("cmdNew"));
 }
@@ -423,8 +409,7 @@ TEST(Remote, SpecialMovesAreOncePerSideAndNobodyPeeks) {
   m.Pump();
   m.a.Press({"cmdTakemB"});
   EXPECT_FALSE(m.a.C("cmdSetupTakemB").visible);
-  m.a.Press({"lblDrawPile", "cmdPlayA"});
-  m.Pump();
+  m.Send(m.a, {"lblDrawPile", "cmdPlayA"});
   ExpectAgreement(m.a, m.b);
   for (const char* again : {"take 2 2", "smac 1 2"}) {
     const std::string before = m.a.State();
@@ -448,16 +433,14 @@ TEST(Remote, SilenceAndStrangersAreExplainedOnThePromptLine) {
     c.app.Tick();
   };
   Match m;
-  m.a.Press({"cmdNew"});
-  m.Pump();
+  m.Send(m.a, {"cmdNew"});
   // a waits for the answer, b thinks it over.
   at(m.a, 29999);
   EXPECT_FALSE(says(m.a, silence));
   at(m.a, 30000);
   EXPECT_TRUE(says(m.a, silence));
   EXPECT_FALSE(says(m.b, silence));  // b is not waiting for anybody
-  m.b.Press({"frmInvitation.cmdYes"});
-  m.Pump();
+  m.Send(m.b, {"frmInvitation.cmdYes"});
   EXPECT_FALSE(says(m.a, silence));
   at(m.a, 59999);  // now a waits for b's first move: the count starts again
   EXPECT_FALSE(says(m.a, silence));
@@ -476,8 +459,7 @@ TEST(Remote, SilenceAndStrangersAreExplainedOnThePromptLine) {
 // up, with Send ready, and what the player types is never overwritten by it.
 TEST(Remote, TheInvitationSaysWhoInvitesAndTheNextRunOffersTheLastConnection) {
   Match m;
-  m.a.Press({"cmdNew"});
-  m.Pump();
+  m.Send(m.a, {"cmdNew"});
   EXPECT_EQ(m.b.C("frmInvitation.lblFrom").caption,
             "The invitation comes from 127.0.0.1, port 1001.");
   m.b.Press({"frmInvitation.cmdNo"});
