@@ -96,12 +96,17 @@ TEST(Options, RandomDrawsEachOptionAndIsRememberedAsRandomOnly) {
   EXPECT_FALSE(g.C("chkBackem").enabled || g.C("mnuOptionsBackem").enabled);
   g.platform.Script({0.3333f, 0.9f, 0.2f, 0.5f, 0.3334f});  // Stackem and Switchem
   g.Press({"cmdNew"});
-  std::string drawn;
-  for (const char* box : {"chkStackem", "chkBackem", "chkSwitchem", "chkSmackem", "chkTakem"})
-    drawn += std::to_string(g.C(box).value);
-  EXPECT_EQ(drawn, "10100");
+  const auto drawn = [&g] {
+    std::string values;
+    for (const char* box : {"chkStackem", "chkBackem", "chkSwitchem", "chkSmackem", "chkTakem"})
+      values += std::to_string(g.C(box).value);
+    return values;
+  };
+  EXPECT_EQ(drawn(), "10100");
   EXPECT_EQ(g.Field("StackSize"), "20");
   EXPECT_EQ(g.C("chkStackem").marked, 1);  // checked options stand out during the game
+  g.Press({"cmdQuit"});                    // the drawn options go with the game
+  EXPECT_EQ(drawn() + g.Field("StackSize"), "0000010");
   g.model.Exit();
   ExpectLines(g.file.Read(), {"SetRandom=1", "SetStackem=0", "SetSwitchem=0"});
 }
