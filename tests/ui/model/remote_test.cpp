@@ -144,6 +144,8 @@ TEST(Remote, WholeGamesWithEveryOptionEndAlikeOnBothCopies) {
     m.a.Press({ra == kTie ? "cmdBothWin" : ra == kAInOrder ? "cmdAWins" : "cmdBWins"});
     m.b.Press({ra == kTie ? "cmdBothWin" : ra == kAInOrder ? "cmdBWins" : "cmdAWins"});
     EXPECT_TRUE(m.a.Up("cmdNew"));
+    m.Inject(m.a, "quit");  // the game is over on both copies: a late quit is bad data
+    ASSERT_EQ(m.a.Panel(2), "Bad data received");
     // Results count against humans, except in Learn Mode.
     const GameStats sa = LoadSettings(m.a.file.path()).stats[kVsHumans];
     const GameStats sb = LoadSettings(m.b.file.path()).stats[kVsHumans];
