@@ -108,6 +108,8 @@ TEST(JudgeDrawCardTest, StrayCardsAndTheLowEnd) {
   EXPECT_FALSE(JudgeDrawCard(j, 45).wanted);
   j = Hand({5, 15, 20, 30, 10, 50, 65, 75, 85, 95}, "1110011111");
   EXPECT_EQ(JudgeDrawCard(j, 40).slot, 5);
+  j = Hand({5, 15, 20, 30, 10, 50, 65, 75, 85, 95}, "1110011111");
+  EXPECT_FALSE(JudgeDrawCard(j, 29).wanted);  // room enough, but not in order with its 30
   j = Hand({5, 15, 20, 10, 40, 50, 65, 75, 85, 95}, "1110011111");  // 10 blocks nothing
   EXPECT_FALSE(JudgeDrawCard(j, 30).wanted);
 
