@@ -111,6 +111,10 @@ TEST(JudgementTest, ReversedPairs) {
   Judgement above = Fresh({5, 15, 25, 38, 37, 90, 65, 75, 85, 95});
   above.MarkingPass();
   EXPECT_EQ(Marks(above), "111RR01111") << above.ToString();
+  // The pair after a settled slot that itself follows an unsettled one: 34, 33 after the 22.
+  Judgement lone = Fresh({11, 44, 22, 34, 33, 39, 18, 51, 62, 84});
+  lone.MarkingPass();
+  EXPECT_EQ(Marks(lone), "001RR00000") << lone.ToString();
   // The pattern above measures its distance to the unsettled slot too: 20 there stops it.
   Judgement quirk = Fresh({5, 15, 25, 38, 37, 20, 65, 75, 85, 95});
   quirk.MarkingPass();
