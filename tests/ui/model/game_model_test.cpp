@@ -118,7 +118,8 @@ TEST(Game, LockingAndQuittingTheControls) {
   for (const char* name : {"chkStackem", "chkRandom", "optVsHuman", "optFastModeOn",
                            "mnuOptionsBackem", "mnuVsHuman", "mnuFileNewGame", "mnuLearnModeOn"})
     EXPECT_FALSE(g.C(name).enabled) << name;
-  EXPECT_EQ(g.Live({"lblMoveCountA", "lblMoveCountB"}), "lblMoveCountA lblMoveCountB");
+  EXPECT_EQ(g.Live({"lblMoveCount", "lblMoveCountA", "lblMoveCountB"}),
+            "lblMoveCount lblMoveCountA lblMoveCountB");
   EXPECT_FALSE(g.C("lblCardB(1)").visible);  // the opponent's cards are hidden outside Learn Mode
   EXPECT_TRUE(g.model.RightClick("background"));
   EXPECT_EQ(g.Live({"mnuPopupFileNewGame", "mnuPopupFileQuitGame"}), "mnuPopupFileQuitGame");
