@@ -37,8 +37,6 @@ void NarrowAt(Judgement& j, int i, int slot, int c) {
     j.high[i + 1] = c - 1;
     j.low[i + 2] = c;
   }
-  j.mid[i + 1] = (j.low[i + 1] + j.high[i + 1]) / 2.0;
-  j.mid[i + 2] = (j.low[i + 2] + j.high[i + 2]) / 2.0;
 }
 
 // The reversed pair rule, with its own room measure and no ratio test. Returns the slot or 0.
@@ -127,7 +125,8 @@ int StraySlot(const Judgement& j, int i, int c) {
 template <typename Pattern>
 CardChoice QuartetScan(Judgement& j, int c, bool with_reversed_pair, Pattern pattern) {
   for (int i = 0; i <= j.n - 2; ++i) {
-    if (!QuartetQualifies(j, i)) continue;
+    // Every pattern places c strictly between the outer cards; that test is the cheapest.
+    if (!InGap(j, i, c) || !QuartetQualifies(j, i)) continue;
     int slot = 0;
     if (IsReversedPair(j, i)) {
       if (with_reversed_pair) slot = ReversedPairSlot(j, i, c);

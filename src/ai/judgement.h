@@ -18,7 +18,6 @@ struct Judgement {
   std::array<char, kMaxSlots + 2> m{};
   SlotArray low{};
   SlotArray high{};
-  std::array<double, kMaxSlots + 2> mid{};
   int settled_count = 0;
   int reversed_count = 0;
 
@@ -29,10 +28,19 @@ struct Judgement {
   void ResetRanges();
   // Returns whether any mark changed (the counts may change without it).
   bool MarkingPass();
+  // Quartets i (as bits) whose cards alone allow a reversed pair, or a pair one apart.
+  struct PairCandidates {
+    unsigned reversed = 0;
+    unsigned adjacent = 0;
+  };
+  PairCandidates FindPairCandidates() const;
+  bool MarkingPass(const PairCandidates& c);
   void RangePass();
   // Both passes, repeated while the counts keep changing (at most n + 1 rounds).
   void UpdateJudgement();
-  // Sum of (b[i] - mid[i])^2 over the slots; lower is better.
+  // The middle of slot i's range.
+  double Mid(int i) const { return (low[i] + high[i]) / 2.0; }
+  // Sum of (b[i] - Mid(i))^2 over the slots; lower is better.
   double Score() const;
   std::string ToString() const;
 };
