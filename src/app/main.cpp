@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QTimer>
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
@@ -42,13 +43,23 @@ int main(int argc, char** argv) {
   // Under a file-size limit a save then fails like any other write, instead of killing us.
   std::signal(SIGXFSZ, SIG_IGN);
   // Everything up to the display check runs without QApplication, which aborts with no display.
-  const CommandLine cl = ParseCommandLine(std::vector<std::string>(argv + 1, argv + argc));
+  std::vector<std::string> args(argv + 1, argv + argc);
+  // Self-play's choice of computers is read here, beside the window's own options.
+  std::string players_list, players_error;
+  const bool players_given = std::find_if(args.begin(), args.end(), [](const std::string& a) {
+                               return a.rfind("--players", 0) == 0;
+                             }) != args.end();
+  bq::selfplay::TakePlayersOption(args, players_list, players_error);
+  CommandLine cl = ParseCommandLine(args);
+  if (!players_error.empty()) cl.error = players_error;
+  if (cl.error.empty() && players_given && !cl.selfplay)
+    cl.error = "--players belongs with --selfplay";
   if (!cl.error.empty()) {
     std::cerr << "bramblequay: " << cl.error << " (see --help)\n";
     return 2;
   }
   if (cl.help) {
-    std::cout << UsageText();
+    std::cout << UsageText() << '\n' << bq::selfplay::kPlayersUsage;
     return 0;
   }
   if (cl.version) {
@@ -62,6 +73,14 @@ int main(int argc, char** argv) {
     if (!options) {
       std::cerr << "bramblequay: " << error << '\n';
       return 2;
+    }
+    if (players_given) {
+      const auto players = bq::selfplay::ParsePlayers(players_list, error);
+      if (!players) {
+        std::cerr << "bramblequay: " << error << '\n';
+        return 2;
+      }
+      run.players = *players;
     }
     run.games = *cl.selfplay;
     run.options = *options;

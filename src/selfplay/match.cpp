@@ -2,10 +2,36 @@
 
 #include <stdexcept>
 
+#include "ai/expert.h"
+
 namespace bq::selfplay {
 
-Match::Match(const OptionChoice& options, Rng& rng, int move_cap)
-    : choice_(options), rng_(rng), move_cap_(move_cap) {
+namespace {
+
+template <typename Seat>
+class SeatPlayer : public Player {
+ public:
+  explicit SeatPlayer(int side) : seat_(side) {}
+  void NewGame(const GameState& g) override { seat_.NewGame(g); }
+  Move Choose(const GameState& g, Rng& rng) override { return seat_.Choose(g, rng); }
+  void Applied(const GameState& g, const Move& m) override { seat_.Applied(g, m); }
+
+ private:
+  Seat seat_;
+};
+
+}  // namespace
+
+std::unique_ptr<Player> MakePlayer(PlayerKind kind, int side) {
+  if (kind == PlayerKind::kExpert) return std::make_unique<SeatPlayer<ai::ExpertSeat>>(side);
+  return std::make_unique<SeatPlayer<ai::ComputerSeat>>(side);
+}
+
+Match::Match(const OptionChoice& options, Rng& rng, int move_cap, const Players& players)
+    : choice_(options),
+      rng_(rng),
+      move_cap_(move_cap),
+      seats_{MakePlayer(players[0], kSideA), MakePlayer(players[1], kSideB)} {
   // As the window loads: the game data, then every option's setter once.
   g_.Init();
   if (!choice_.random) options_ = choice_.fixed;
@@ -27,16 +53,16 @@ void Match::SetUpOptions() {
 GameRecord Match::PlayGame(MoveObserver* observer) {
   SetUpOptions();
   NewGame(g_, options_, kDrawnFirst, rng_);
-  for (ai::ComputerSeat& seat : seats_) seat.NewGame(g_);
+  for (auto& seat : seats_) seat->NewGame(g_);
   GameRecord record;
   record.options = options_;
   if (g_.phase == Phase::kPlay) record.first_mover = g_.turn_owner;
   while (g_.phase != Phase::kDecided && g_.move_count_a + g_.move_count_b < move_cap_) {
     const Phase phase = g_.phase;
-    const Move m = seats_[static_cast<size_t>(g_.turn_owner - 1)].Choose(g_, rng_);
+    const Move m = seats_[static_cast<size_t>(g_.turn_owner - 1)]->Choose(g_, rng_);
     if (!Apply(g_, m, rng_))
       throw std::logic_error("self-play chose an illegal move: " + ToString(m));
-    for (ai::ComputerSeat& seat : seats_) seat.Applied(g_, m);
+    for (auto& seat : seats_) seat->Applied(g_, m);
     if (phase == Phase::kOpening && g_.phase == Phase::kPlay) record.first_mover = g_.turn_owner;
     if (observer) observer->Applied(m, g_);
   }

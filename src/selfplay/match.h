@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "ai/computer_seat.h"
 
 namespace bq::selfplay {
@@ -26,12 +28,27 @@ class MoveObserver {
   virtual void Applied(const Move& m, const GameState& after) = 0;
 };
 
+enum class PlayerKind { kClassic, kExpert };
+// Side A's player first.
+using Players = std::array<PlayerKind, 2>;
+inline constexpr Players kClassicPair{PlayerKind::kClassic, PlayerKind::kClassic};
+
+// One seat's computer, whichever kind it is.
+class Player {
+ public:
+  virtual ~Player() = default;
+  virtual void NewGame(const GameState& g) = 0;
+  virtual Move Choose(const GameState& g, Rng& rng) = 0;
+  virtual void Applied(const GameState& g, const Move& m) = 0;
+};
+std::unique_ptr<Player> MakePlayer(PlayerKind kind, int side);
+
 // Games of the computer against a second computer in side A's seat, headless, one after the
 // other as a player's session would have them (the deck carries over from game to game). Each
 // seat chooses its moves with the computer's own judgement; the referee applies them.
 class Match {
  public:
-  Match(const OptionChoice& options, Rng& rng, int move_cap);
+  Match(const OptionChoice& options, Rng& rng, int move_cap, const Players& players = kClassicPair);
   GameRecord PlayGame(MoveObserver* observer = nullptr);
 
  private:
@@ -42,7 +59,7 @@ class Match {
   int move_cap_;
   GameState g_;
   OptionSet options_{};
-  std::array<ai::ComputerSeat, 2> seats_{ai::ComputerSeat(kSideA), ai::ComputerSeat(kSideB)};
+  std::array<std::unique_ptr<Player>, 2> seats_;
 };
 
 }  // namespace bq::selfplay

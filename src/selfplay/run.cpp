@@ -76,6 +76,43 @@ std::optional<OptionChoice> ParseOptionList(const std::string& text, std::string
   return choice;
 }
 
+std::optional<Players> ParsePlayers(const std::string& text, std::string& error) {
+  Players players = kClassicPair;
+  const size_t comma = text.find(',');
+  const std::string names[2] = {text.substr(0, comma),
+                                comma == std::string::npos ? "" : text.substr(comma + 1)};
+  for (size_t i = 0; i < 2; ++i) {
+    if (names[i] == "expert") {
+      players[i] = PlayerKind::kExpert;
+    } else if (names[i] != "classic") {
+      error = "--players needs two of classic and expert, side A's first, not '" + text + "'";
+      return std::nullopt;
+    }
+  }
+  return players;
+}
+
+bool TakePlayersOption(std::vector<std::string>& args, std::string& list, std::string& error) {
+  for (size_t i = 0; i < args.size(); ++i) {
+    if (args[i].rfind("--players=", 0) == 0) {
+      list = args[i].substr(10);
+      args.erase(args.begin() + static_cast<std::ptrdiff_t>(i));
+      return true;
+    }
+    if (args[i] == "--players") {
+      if (i + 1 >= args.size()) {
+        error = "--players needs a value";
+        return false;
+      }
+      list = args[i + 1];
+      args.erase(args.begin() + static_cast<std::ptrdiff_t>(i),
+                 args.begin() + static_cast<std::ptrdiff_t>(i) + 2);
+      return true;
+    }
+  }
+  return true;
+}
+
 int RunSelfPlay(const RunConfig& config, std::ostream& out, std::ostream& err) {
   std::ofstream csv;
   if (!config.csv_path.empty()) {
@@ -91,8 +128,8 @@ int RunSelfPlay(const RunConfig& config, std::ostream& out, std::ostream& err) {
           ? *config.seed
           : static_cast<unsigned>(std::chrono::system_clock::now().time_since_epoch().count());
   SeededRng rng(seed);
-  Match match(config.options, rng, config.move_cap);
-  Summary summary;
+  Match match(config.options, rng, config.move_cap, config.players);
+  Summary summary(config.players);
   ProgressBar bar(out, config.games, config.progress);
   const auto start = std::chrono::steady_clock::now();
   for (long long game = 1; game <= config.games; ++game) {

@@ -3,6 +3,7 @@
 #include <iosfwd>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "selfplay/match.h"
 
@@ -18,10 +19,20 @@ struct RunConfig {
   std::string csv_path;          // empty: no CSV
   bool progress = false;         // a progress bar, for a terminal
   int move_cap = kMoveCap;
+  Players players = kClassicPair;
 };
 
 // "stackem,backem,...", "random" or "none". Returns nullopt and sets `error` for a bad list.
 std::optional<OptionChoice> ParseOptionList(const std::string& text, std::string& error);
+
+// "expert,classic": side A's player, then side B's, each "classic" or "expert".
+std::optional<Players> ParsePlayers(const std::string& text, std::string& error);
+// Takes "--players LIST" or "--players=LIST" out of `args` into `list`; false with `error` set
+// when the option has no value.
+bool TakePlayersOption(std::vector<std::string>& args, std::string& list, std::string& error);
+inline constexpr const char* kPlayersUsage =
+    "With --selfplay, --players A,B chooses the computers: classic (the default) or expert,\n"
+    "side A's first.\n";
 
 // Plays the games and prints the summary to `out`. Returns the process exit code.
 int RunSelfPlay(const RunConfig& config, std::ostream& out, std::ostream& err);

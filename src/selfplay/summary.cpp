@@ -1,5 +1,6 @@
 #include "selfplay/summary.h"
 
+#include <cmath>
 #include <cstdio>
 
 namespace bq::selfplay {
@@ -81,18 +82,48 @@ void Summary::Add(const GameRecord& r) {
   by_options_[OptionSetName(r.options)].Add(r);
 }
 
+namespace {
+
+const char* PlayerName(PlayerKind kind) {
+  return kind == PlayerKind::kExpert ? "Expert" : "Classic";
+}
+
+// Wilson's score interval: sound near 0% and 100% too, where the normal one is not.
+std::string ShareOfDecided(const char* side, long long won, long long decided) {
+  if (decided == 0) return "";
+  const double z = 1.96;
+  const double n = static_cast<double>(decided);
+  const double p = static_cast<double>(won) / n;
+  const double centre = (p + z * z / (2 * n)) / (1 + z * z / n);
+  const double half = z / (1 + z * z / n) * std::sqrt(p * (1 - p) / n + z * z / (4 * n * n));
+  return Format("  %s won %.1f%% of %lld decided games (95%% interval %.1f%% to %.1f%%)\n", side,
+                100 * p, decided, 100 * (centre - half), 100 * (centre + half));
+}
+
+}  // namespace
+
 std::string Summary::Text() const {
   const Tally& t = all_;
+  const bool classic_pair = players_ == kClassicPair;
   std::string out =
-      Format("%lld games, side A (a second computer) against the computer (B)\n", t.games);
+      classic_pair
+          ? Format("%lld games, side A (a second computer) against the computer (B)\n", t.games)
+          : Format("%lld games, side A (%s) against side B (%s)\n", t.games,
+                   PlayerName(players_[0]), PlayerName(players_[1]));
   out += Count("side A won", t.wins_a, t.games);
-  out += Count("the computer won", t.wins_b, t.games);
+  out += Count(classic_pair ? "the computer won" : "side B won", t.wins_b, t.games);
   out += Count("ties", t.ties, t.games);
   out += Count("unfinished", t.unfinished, t.games);
   out += Format("  %-16s mean %.1f, median %d, longest %d (finished games)\n", "moves per game",
                 t.MeanMoves(), t.MedianMoves(), t.longest);
   out += Format("  %-16s %.1f%% of %lld games decided in play\n", "first mover won",
                 Percent(t.first_mover_wins, t.in_play), t.in_play);
+  // Ties count as decided and not won.
+  if (!classic_pair) {
+    const long long decided = t.wins_a + t.wins_b + t.ties;
+    out += ShareOfDecided("side A", t.wins_a, decided);
+    out += ShareOfDecided("side B", t.wins_b, decided);
+  }
   if (by_options_.size() < 2) return out;
   out += "\nBy option set (percent of its games; moves of finished games):\n";
   out += Format("  %-36s %9s %7s %7s %6s %7s %6s %6s %7s %6s\n", "options", "games", "A won",

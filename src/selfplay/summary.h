@@ -32,6 +32,7 @@ std::string OptionSetName(const OptionSet& options);
 
 class Summary {
  public:
+  explicit Summary(const Players& players = kClassicPair) : players_(players) {}
   void Add(const GameRecord& r);
   const Tally& all() const { return all_; }
   const std::map<std::string, Tally>& by_options() const { return by_options_; }
@@ -39,6 +40,7 @@ class Summary {
   std::string Text() const;
 
  private:
+  Players players_;
   Tally all_;
   std::map<std::string, Tally> by_options_;
 };

@@ -148,5 +148,55 @@ TEST(SelfPlay, EveryOptionSetPlaysLegalMovesToAResult) {
   EXPECT_EQ(fold, 12228793449886903355u);
 }
 
+TEST(SelfPlay, PlayersComeSideAFirstAndTheSummaryNamesThem) {
+  std::string error;
+  EXPECT_EQ(ParsePlayers("expert,classic", error),
+            (Players{PlayerKind::kExpert, PlayerKind::kClassic}));
+  EXPECT_EQ(ParsePlayers("classic,expert", error),
+            (Players{PlayerKind::kClassic, PlayerKind::kExpert}));
+  for (const char* bad : {"expert", "expert,", "Expert,classic", "expert,classic,classic", ""}) {
+    error.clear();
+    EXPECT_FALSE(ParsePlayers(bad, error)) << bad;
+    EXPECT_NE(error.find("--players"), std::string::npos) << bad;
+  }
+  std::vector<std::string> args{"--selfplay", "9", "--players", "expert,classic", "--seed", "1"};
+  std::string list;
+  EXPECT_TRUE(TakePlayersOption(args, list, error));
+  EXPECT_EQ(list, "expert,classic");
+  EXPECT_EQ(args, (std::vector<std::string>{"--selfplay", "9", "--seed", "1"}));
+  args = {"--players=classic,expert"};
+  EXPECT_TRUE(TakePlayersOption(args, list, error));
+  EXPECT_EQ(list, "classic,expert");
+  EXPECT_TRUE(args.empty());
+  args = {"--selfplay", "9", "--players"};
+  EXPECT_FALSE(TakePlayersOption(args, list, error));
+
+  Summary summary({PlayerKind::kClassic, PlayerKind::kExpert});
+  for (int result : {kAInOrder, kBInOrder, kBInOrder, kTie}) summary.Add({{}, result, 1, 9, 9});
+  const std::string text = summary.Text();
+  EXPECT_NE(text.find("side A (Classic) against side B (Expert)"), std::string::npos) << text;
+  EXPECT_NE(text.find("side B won 50.0% of 4 decided games (95% interval 15.0% to 85.0%)"),
+            std::string::npos)
+      << text;
+}
+
+// The Expert, in either seat and under random options, also plays only legal moves to a result.
+TEST(SelfPlay, TheExpertPlaysLegalMovesInEitherSeat) {
+  std::uint64_t fold = 0;
+  for (const Players& players : {Players{PlayerKind::kExpert, PlayerKind::kClassic},
+                                 Players{PlayerKind::kClassic, PlayerKind::kExpert}}) {
+    test::ScriptedRng rng(3);
+    Match match({{}, true}, rng, 1000, players);
+    for (int game = 0; game < 60; ++game) {
+      SCOPED_TRACE(testing::Message() << "game " << game);
+      Checker checker(fold);
+      const GameRecord r = match.PlayGame(&checker);
+      ASSERT_FALSE(testing::Test::HasFatalFailure());
+      ASSERT_EQ(r.moves(), checker.moves);
+      ASSERT_NE(r.result, kUndecided);
+    }
+  }
+}
+
 }  // namespace
 }  // namespace bq::selfplay

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <optional>
+
+#include "ai/seat_view.h"
+
+namespace bq::ai {
+
+// The Expert. It values a Stack by the work left to put it in order: it keeps the run of its
+// cards that leaves the least work, and every gap between two kept cards costs its slots to fill
+// plus the wait for cards that fit them, longer the narrower the gap. A move is judged by the
+// work expected after one more turn of its own, each card it may meet there being any card it
+// has not seen, and by how likely the card it gives away is to help the opponent.
+class Expert {
+ public:
+  struct Weights {
+    double wait = 0.5;          // turns per hundred cards seen waiting for a card that fits
+    double wait_stackem = 0.1;  // the same with 20-card Stacks, where slots fill more slowly
+    double sharing = 0.4;       // 0: each slot of a gap waits alone; 1: its slots share one wait
+    double gift = 0.3;          // turns for a card the opponent can probably use
+  };
+
+  Expert();
+  explicit Expert(const Weights& w);
+
+  // The move, or nullopt to look at the Draw Pile card first (only while v.draw_top is 0).
+  std::optional<Move> Decide(const SeatView& v) const;
+  // The Switchem opening: the swap that leaves the least work (side B may keep its Stack).
+  Move Opening(const SeatView& v) const;
+  // The work left in `cards` (slots 1..n); under Backem the cheaper of the two directions.
+  double Work(const StackCards& cards, int n, bool backem) const;
+
+ private:
+  struct Choice {
+    double work;
+    int slot;  // 0: pass the card on
+  };
+  double AscendingWork(const int* cards, int n) const;
+  double Gift(const SeatView& v, int card) const;
+  double NextTurnWork(const SeatView& v, const StackCards& cards) const;
+  Choice BestPlace(const SeatView& v, int card, bool may_pass, int shortlist) const;
+
+  Weights weights_;
+  // The wait for the cards of a gap, unweighted, by [slots][numbers].
+  std::array<std::array<double, kDeckSize + 1>, kMaxStackSize + 1> gap_{};
+};
+
+// The Expert in one seat of a game: it keeps what the seat has seen, builds its view and asks the
+// Expert, which never sees the game itself.
+class ExpertSeat {
+ public:
+  explicit ExpertSeat(int side, const Expert::Weights& w = {})
+      : side_(side), shown_(side), expert_(w) {}
+
+  void NewGame(const GameState& g);
+  Move Choose(const GameState& g, Rng& rng);
+  void Applied(const GameState& g, const Move& m);
+
+  SeatView View(const GameState& g, bool looked) const { return ViewOf(g, side_, shown_, looked); }
+
+ private:
+  int side_;
+  ShownCards shown_;
+  Expert expert_;
+  bool direction_named_ = false;
+};
+
+}  // namespace bq::ai
