@@ -57,7 +57,10 @@ GameRecord Match::PlayGame(MoveObserver* observer) {
   GameRecord record;
   record.options = options_;
   if (g_.phase == Phase::kPlay) record.first_mover = g_.turn_owner;
-  while (g_.phase != Phase::kDecided && g_.move_count_a + g_.move_count_b < move_cap_) {
+  // A result found at the deal or at the opening's end stands while the window plays on; here
+  // the game is over at the first result.
+  while (g_.phase != Phase::kDecided && g_.turn_result == kUndecided &&
+         g_.move_count_a + g_.move_count_b < move_cap_) {
     const Phase phase = g_.phase;
     const Move m = seats_[static_cast<size_t>(g_.turn_owner - 1)]->Choose(g_, rng_);
     if (!Apply(g_, m, rng_))

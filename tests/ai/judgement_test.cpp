@@ -167,8 +167,6 @@ TEST(JudgementTest, RandomStacksKeepTheInvariants) {
     const CardChoice c = JudgeCard(judged, card);
     if (c.wanted) {
       ASSERT_TRUE(c.slot >= 1 && c.slot <= n && j.m[c.slot] != '1') << card << j.ToString();
-      for (int i = 1; i <= n; ++i)  // the narrowed ranges keep their middles
-        ASSERT_EQ(judged.mid[i], (judged.low[i] + judged.high[i]) / 2.0) << i << judged.ToString();
     } else {
       ASSERT_EQ(judged.ToString(), j.ToString());  // declining changes nothing
       const CardChoice d = JudgeDrawCard(judged, card);
