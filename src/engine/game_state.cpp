@@ -86,6 +86,7 @@ void ShuffleAndDeal(GameState& g, Rng& rng) {
   g.draw_pos = 1;
   g.buried_count = 0;
   g.turn_result = kUndecided;
+  g.turn_owner = kSideA;
   g.move_count_a = 0;
   g.move_count_b = 0;
   g.opponent_row_reversed = false;

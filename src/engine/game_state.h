@@ -82,7 +82,8 @@ OptionSet PickRandomOptions(Rng& rng);
 // One exchange per position with a position drawn from the whole deck: deliberately not
 // Fisher-Yates, and it starts from the deck as the previous game left it.
 void ShuffleDeck(GameState& g, Rng& rng);
-// Shuffles and deals both Stacks, the Discard Pile card and DrawCount Draw Pile cards.
+// Shuffles and deals both Stacks, the Discard Pile card and DrawCount Draw Pile cards, and clears
+// the counts and the result; side A is to open.
 void ShuffleAndDeal(GameState& g, Rng& rng);
 
 // Order tests. Each sets and returns turn_result. TestOneStack tests only the turn owner.

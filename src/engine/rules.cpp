@@ -94,6 +94,54 @@ void NewGame(GameState& g, const OptionSet& options, int first, Rng& rng) {
   BeginGame(g, options, first, rng);
 }
 
+bool InstallDeal(GameState& g, const DealtCards& deal) {
+  const auto n = static_cast<size_t>(g.stack_size);
+  const size_t most_drawn = kDeckSize - 2 * n - 1;
+  if (deal.side_a.size() != n || deal.side_b.size() != n || deal.draw.empty() ||
+      deal.draw.size() > most_drawn)
+    return false;
+  std::array<bool, kDeckSize + 1> dealt{};
+  std::array<int, kDeckSize + 1> order{};
+  size_t next = 1;
+  const auto take = [&](int card) {
+    if (card < 1 || card > kDeckSize || dealt[static_cast<size_t>(card)]) return false;
+    dealt[static_cast<size_t>(card)] = true;
+    order[next++] = card;
+    return true;
+  };
+  for (const auto* cards : {&deal.side_a, &deal.side_b})
+    for (int card : *cards)
+      if (!take(card)) return false;
+  if (!take(deal.discard)) return false;
+  for (int card : deal.draw)
+    if (!take(card)) return false;
+  for (int card = 1; card <= kDeckSize; ++card)
+    if (!dealt[static_cast<size_t>(card)]) order[next++] = card;
+
+  g.deck = order;
+  for (size_t k = 1; k <= n; ++k) {
+    g.Card(kSideA, static_cast<int>(k)) = deal.side_a[k - 1];
+    g.Card(kSideB, static_cast<int>(k)) = deal.side_b[k - 1];
+  }
+  g.discard_top = deal.discard;
+  g.draw_count = static_cast<int>(deal.draw.size());
+  for (size_t m = 1; m <= deal.draw.size(); ++m) g.draw_cards[m] = deal.draw[m - 1];
+  g.draw_pos = 1;
+  g.buried_count = 0;
+  g.turn_result = kUndecided;
+  g.turn_owner = kSideA;
+  g.move_count_a = g.move_count_b = 0;
+  g.opponent_row_reversed = false;
+  return true;
+}
+
+void ResetBetweenGames(GameState& g, int own_draw_count) {
+  g.move_count_a = g.move_count_b = 0;
+  g.turn_result = kUndecided;
+  g.turn_owner = kSideA;
+  if (own_draw_count > 0) g.draw_count = own_draw_count;
+}
+
 bool IsLegal(const GameState& g, const Move& m) {
   if (m.side != kSideA && m.side != kSideB) return false;
   if (g.phase == Phase::kDecided || g.turn_owner != m.side) return false;

@@ -24,6 +24,23 @@ void BeginGame(GameState& g, const OptionSet& options, int first, Rng& rng);
 // ShuffleAndDeal, then BeginGame.
 void NewGame(GameState& g, const OptionSet& options, int first, Rng& rng);
 
+// A deal made by another copy, as this copy's side A and side B see it.
+struct DealtCards {
+  std::vector<int> side_a;  // slots 1..n, in order
+  std::vector<int> side_b;
+  int discard = 0;
+  std::vector<int> draw;  // the Draw Pile in dealing order; its length is the game's
+};
+// Lays out a received deal as ShuffleAndDeal lays out its own: the deck takes the deal's order,
+// then the cards out of play, so that the next shuffle here starts from a whole deck. Returns
+// false, changing nothing, unless the Stacks fit this copy's Stack size, every card is one of
+// 1..100 and none comes twice, and the Draw Pile has 1..100 - 2n - 1 cards. BeginGame follows.
+bool InstallDeal(GameState& g, const DealtCards& deal);
+
+// A game given up before it was decided: no result, no moves, side A to open the next deal, and
+// the Draw Pile length `own_draw_count` back (0 keeps the current one).
+void ResetBetweenGames(GameState& g, int own_draw_count);
+
 bool IsLegal(const GameState& g, const Move& m);
 // Every legal move of `side`, each outcome once (a swap of p and q is listed as p < q only).
 std::vector<Move> LegalMoves(const GameState& g, int side);

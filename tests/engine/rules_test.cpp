@@ -223,6 +223,55 @@ TEST(Referee, OpeningThenPlayAndAResultAtTheDealStands) {
   EXPECT_EQ(g.turn_owner, kSideA);
 }
 
+TEST(Referee, AReceivedDealIsLaidOutWholeOrNotAtAll) {
+  GameState g = Position({1, 2, 3, 4, 5, 6, 7, 8, 9, 10}, {11, 12, 13, 14, 15, 16, 17, 18, 19, 20});
+  g.turn_owner = kSideB;
+  g.turn_result = kTie;
+  g.move_count_a = 4;
+  g.draw_pos = 7;
+  g.buried_count = 3;
+  g.opponent_row_reversed = true;
+  DealtCards deal{{91, 82, 73, 64, 55, 46, 37, 28, 19, 100},
+                  {5, 15, 25, 35, 45, 56, 65, 75, 85, 95},
+                  50,
+                  {1, 2, 99}};
+  for (auto bad :
+       {+[](DealtCards& d) { d.side_b.pop_back(); }, +[](DealtCards& d) { d.draw.clear(); },
+        +[](DealtCards& d) { d.draw.resize(80, 0); }, +[](DealtCards& d) { d.discard = 101; },
+        +[](DealtCards& d) { d.draw[2] = 0; }, +[](DealtCards& d) { d.draw[1] = d.side_b[9]; }}) {
+    DealtCards refused = deal;
+    bad(refused);
+    GameState h = g;
+    EXPECT_FALSE(InstallDeal(h, refused));
+    EXPECT_EQ(h.ToString(), g.ToString());
+    EXPECT_EQ(h.deck, g.deck);
+  }
+  ASSERT_TRUE(InstallDeal(g, deal));
+  EXPECT_EQ(g.ToString(),
+            "A: 91 82 73 64 55 46 37 28 19 100\nB: 5 15 25 35 45 56 65 75 85 95\n"
+            "discard 50 draw 1 (1/3) buried 0 turn 1 result 0 moves 0/0\n");
+  // The deal's cards lead the deck, the rest follow in order for the next shuffle.
+  EXPECT_EQ(g.deck[1], 91);
+  EXPECT_EQ(g.deck[21], 50);
+  EXPECT_EQ(g.deck[24], 99);
+  EXPECT_EQ(g.deck[25], 3);
+  EXPECT_EQ(g.deck[100], 98);
+  std::vector<int> deck(g.deck.begin() + 1, g.deck.end());
+  std::sort(deck.begin(), deck.end());
+  for (int c = 1; c <= kDeckSize; ++c) EXPECT_EQ(deck[static_cast<size_t>(c - 1)], c);
+
+  g.turn_owner = kSideB;
+  g.turn_result = kBInOrder;
+  g.move_count_b = 9;
+  ResetBetweenGames(g, 59);
+  EXPECT_EQ(g.draw_count, 59);
+  ResetBetweenGames(g, 0);
+  EXPECT_EQ(g.draw_count, 59);
+  EXPECT_EQ(g.turn_owner, kSideA);
+  EXPECT_EQ(g.turn_result, kUndecided);
+  EXPECT_EQ(g.move_count_a + g.move_count_b, 0);
+}
+
 // Random legal moves from deals with nearly ordered Stacks (so that games end), and random
 // moves of any kind that the referee must refuse without a trace.
 TEST(Referee, RandomPlayoutsKeepEveryInvariant) {

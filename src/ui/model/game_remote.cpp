@@ -230,31 +230,16 @@ void GameModel::OnMessage(const net::Deal& s) {
   SetLearnMode(s.learn_mode);
   // The dealer's Draw Pile, however long, so that both copies renew it at the same move; this
   // copy's own length comes back when the game is over.
-  if (own_draw_count_ == 0) own_draw_count_ = g_.draw_count;
-  g_.draw_count = s.draw_count;
-  // The deck in the deal's order and the cards out of play after it, so that the next shuffle
-  // here starts from a whole deck.
-  std::array<bool, kDeckSize + 1> dealt{};
-  size_t next = 1;
-  const auto deal = [&](int& to, int card) {
-    to = card;
-    dealt[static_cast<size_t>(card)] = true;
-    g_.deck[next++] = card;
-  };
-  for (int k = 1; k <= N(); ++k)
-    deal(g_.Card(kSideA, k), s.receiver_stack[static_cast<size_t>(k - 1)]);
-  for (int k = 1; k <= N(); ++k)
-    deal(g_.Card(kSideB, k), s.sender_stack[static_cast<size_t>(k - 1)]);
-  deal(g_.discard_top, s.discard);
-  for (int m = 1; m <= g_.draw_count; ++m)
-    deal(g_.draw_cards[static_cast<size_t>(m)], s.draw[static_cast<size_t>(m - 1)]);
-  for (int card = 1; card <= kDeckSize; ++card)
-    if (!dealt[static_cast<size_t>(card)]) g_.deck[next++] = card;
-  g_.draw_pos = 1;
-  g_.buried_count = 0;
-  g_.turn_result = kUndecided;
-  g_.move_count_a = g_.move_count_b = 0;
-  g_.opponent_row_reversed = false;
+  const int own_draw_count = g_.draw_count;
+  DealtCards cards;
+  const auto n = static_cast<size_t>(s.stack_size);
+  cards.side_a.assign(s.receiver_stack.begin(), s.receiver_stack.begin() + n);
+  cards.side_b.assign(s.sender_stack.begin(), s.sender_stack.begin() + n);
+  cards.discard = s.discard;
+  cards.draw.assign(s.draw.begin(), s.draw.begin() + s.draw_count);
+  // The codec has checked the cards already; the referee's check is the last word.
+  if (!InstallDeal(g_, cards)) return BadData(net::Encode(s));
+  if (own_draw_count_ == 0) own_draw_count_ = own_draw_count;
   StartMoveList();  // the first move is told against the deal
   BeginGameFlags();
   for (Control* c : {&cmdInvitationRejected, &cmdClickHere, &cmdQuitReceived, &cmdExitReceived})

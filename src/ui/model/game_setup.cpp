@@ -315,7 +315,6 @@ void GameModel::LockControlsForGame() {
   lblDrawPile.caption = kFaceDown;
   lblDrawPile.marked = lblDiscardPile.marked = 0;
   RefreshRangeLabels();
-  g_.turn_owner = kSideA;
   Show(lblMoveCount, true, true);
   Show(lblMoveCountA, true, true);
   Show(lblMoveCountB, true, true);
@@ -471,7 +470,7 @@ void GameModel::QuitGame() {
   Hide(cmdQuit);
   mnuFileQuitGame.enabled = mnuPopupFileQuitGame.enabled = false;
   if (game_running_ && !vs_computer_) session_.Ended();
-  g_.move_count_a = g_.move_count_b = 0;
+  ResetBetweenGames(g_, std::exchange(own_draw_count_, 0));
   RefreshMoveCounts();
   Hide(lblMoveCount);
   Hide(lblMoveCountA);
@@ -482,9 +481,6 @@ void GameModel::QuitGame() {
   pending_ = Pending::kNone;
   RevealBoard();
   RefreshSlotVisibility();
-  if (own_draw_count_ > 0) g_.draw_count = std::exchange(own_draw_count_, 0);
-  g_.turn_result = kUndecided;
-  g_.turn_owner = kSideA;
   SetFastMode(fast_mode_);
   SetLearnMode(learn_mode_);
   for (int i = 2; i <= 4; ++i) StatusBar1[static_cast<size_t>(i)].caption.clear();
