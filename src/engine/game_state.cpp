@@ -1,5 +1,7 @@
 #include "engine/game_state.h"
 
+#include "engine/rule_steps.h"
+
 #include <sstream>
 
 namespace bq {
@@ -112,10 +114,6 @@ void Bury(GameState& g) {
   g.buried[static_cast<size_t>(g.buried_count)] = g.discard_top;
 }
 
-void DiscardReplaced(GameState& g, int replaced_card) {
-  g.discard_top = replaced_card;
-}
-
 void DiscardDrawn(GameState& g) {
   g.discard_top = g.DrawTop();
 }
@@ -127,26 +125,6 @@ bool AdvanceDraw(GameState& g, Rng& rng) {
   g.buried_count = 0;
   g.draw_pos = 1;
   return true;
-}
-
-void TakeDiscard(GameState& g, int side, int slot) {
-  const int replaced = g.Card(side, slot);
-  g.Card(side, slot) = g.discard_top;
-  DiscardReplaced(g, replaced);
-}
-
-void TakeDraw(GameState& g, int side, int slot, Rng& rng) {
-  const int replaced = g.Card(side, slot);
-  g.Card(side, slot) = g.DrawTop();
-  Bury(g);
-  DiscardReplaced(g, replaced);
-  AdvanceDraw(g, rng);
-}
-
-void PassDraw(GameState& g, Rng& rng) {
-  Bury(g);
-  DiscardDrawn(g);
-  AdvanceDraw(g, rng);
 }
 
 }  // namespace bq

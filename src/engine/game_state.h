@@ -79,30 +79,8 @@ struct GameState {
 // The five independent one-in-three draws of the Random option, in the order of Option.
 OptionSet PickRandomOptions(Rng& rng);
 
-// One exchange per position with a position drawn from the whole deck: deliberately not
-// Fisher-Yates, and it starts from the deck as the previous game left it.
-void ShuffleDeck(GameState& g, Rng& rng);
 // Shuffles and deals both Stacks, the Discard Pile card and DrawCount Draw Pile cards, and clears
 // the counts and the result; side A is to open.
 void ShuffleAndDeal(GameState& g, Rng& rng);
-
-// Order tests. Each sets and returns turn_result. TestOneStack tests only the turn owner.
-int TestOneStack(GameState& g, bool backem);
-int TestBothStacks(GameState& g, bool backem);
-
-// Pile operations shared by every kind of move.
-void Bury(GameState& g);
-void DiscardReplaced(GameState& g, int replaced_card);
-void DiscardDrawn(GameState& g);
-// Moves to the next Draw Pile card; past the last one the deck is reshuffled and the same Draw
-// Pile order comes round again from its first card. Returns true when the pile was renewed.
-bool AdvanceDraw(GameState& g, Rng& rng);
-
-// The three ordinary moves, whoever makes them. A taken card replaces the card in `slot` of
-// `side`'s Stack, which becomes the Discard Pile card; a Draw Pile card covers the old one.
-void TakeDiscard(GameState& g, int side, int slot);
-void TakeDraw(GameState& g, int side, int slot, Rng& rng);
-// The looked-at Draw Pile card goes onto the Discard Pile; the Stack stays as it is.
-void PassDraw(GameState& g, Rng& rng);
 
 }  // namespace bq

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "engine/rule_steps.h"
+
 namespace bq {
 namespace {
 
@@ -20,6 +22,27 @@ int Count(const GameState& g, int side) {
 void CountMove(GameState& g, int side) {
   int& count = Count(g, side);
   count = std::min(count + 1, 32767);
+}
+
+// A taken card replaces the card in `slot` of `side`'s Stack, which becomes the Discard Pile card;
+// a Draw Pile card covers the old one.
+void TakeDiscard(GameState& g, int side, int slot) {
+  std::swap(g.Card(side, slot), g.discard_top);
+}
+
+void TakeDraw(GameState& g, int side, int slot, Rng& rng) {
+  const int replaced = g.Card(side, slot);
+  g.Card(side, slot) = g.DrawTop();
+  Bury(g);
+  g.discard_top = replaced;
+  AdvanceDraw(g, rng);
+}
+
+// The looked-at Draw Pile card goes onto the Discard Pile; the Stack stays as it is.
+void PassDraw(GameState& g, Rng& rng) {
+  Bury(g);
+  DiscardDrawn(g);
+  AdvanceDraw(g, rng);
 }
 
 bool Reversed(const GameState& g, int side) {

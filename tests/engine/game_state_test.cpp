@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/game_state.h"
+#include "engine/rule_steps.h"
 #include "support/scripted_rng.h"
 
 namespace bq {
