@@ -195,7 +195,7 @@ class GameModel : public WindowModel {
   void ShowCardB(int slot);  // the label at the slot's display position
   void RefreshMoveCounts();
 
-  // Start-up and options (game_setup.cpp).
+  // Start-up (game_setup.cpp) and the options panel (game_options_panel.cpp).
   void InitGameData();
   void ApplyStoredOptions(const StoredOptions& o);
   void SetOptionChecked(Option o, bool checked);  // box + menu, then the setter
@@ -213,7 +213,7 @@ class GameModel : public WindowModel {
   void RefreshRangeLabels();
   void ResetComputerJudgement();  // marks "0", counts 0, base ranges, brought up to date
 
-  // A game's life (game_setup.cpp).
+  // A game's life (game_setup.cpp); the settings kept (game_options_panel.cpp).
   void NewGame();
   void LockControlsForGame();
   void ShowDeal();
@@ -271,7 +271,7 @@ class GameModel : public WindowModel {
   void CompleteTakemA();
   void ApplyHeldB();
 
-  // Remote play (game_remote.cpp).
+  // Remote play: the link (game_network_panel.cpp) and the messages received (game_remote.cpp).
   void SendToOpponent(const net::Message& m);
   void SendMove(const Move& m);
   void RelayClick(const net::Message& m);  // only watched in Learn Mode
