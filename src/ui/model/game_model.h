@@ -136,7 +136,7 @@ class GameModel : public WindowModel {
   void AnnounceSmackemB(int pos1, int pos2);
   void AnnounceTakemB(int sender_pos, int receiver_pos);
 
-  // Controls, named as the game's design names them.
+  // Controls, by the names the window and the driver share.
   Control lblStackA, lblStackB, lblDraw, lblDrawPile, lblDiscard, lblDiscardPile;
   Control lblMoveCount, lblMoveCountA, lblMoveCountB;
   SlotControls lblCardA, lblCardB, lblRangeA, lblRangeB, lblGoodBad;
