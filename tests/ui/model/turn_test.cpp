@@ -27,20 +27,6 @@ TEST(TurnA, LookingAtTheDrawPileMakesTheDiscardUntakable) {
   EXPECT_EQ(g.model.state().buried[1], 33);
 }
 
-TEST(TurnA, APassBuriesTheDiscardCountsAMoveAndTestsNothing) {
-  Game g;
-  g.NewGameAFirst({"optLearnModeOn"});         // so the computer's answer waits and can be seen
-  g.Set("Stacks(1)", "1 2 3 4 5 6 7 8 9 10");  // in order, but a pass is not tested
-  g.Set("DiscardTop", "60");
-  g.Set("DrawCards", "61");
-  const int buried = std::stoi(g.Field("BuriedCount")) + 1;
-  g.Press({"lblDrawPile", "cmdPlayA"});
-  EXPECT_EQ(g.Field("MoveCountA") + g.Field("TurnResult"), "10");
-  EXPECT_FALSE(g.C("cmdAWins").visible);
-  EXPECT_EQ(g.Field("BuriedCount"), std::to_string(buried));
-  EXPECT_EQ(g.model.state().buried[static_cast<size_t>(buried)], 60);
-}
-
 TEST(TurnA, ClickingTheMarkedCardAgainLeavesOnlyThePileMarked) {
   Game g;
   g.NewGameAFirst();
