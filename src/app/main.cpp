@@ -2,7 +2,6 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QTimer>
-#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
@@ -44,22 +43,13 @@ int main(int argc, char** argv) {
   std::signal(SIGXFSZ, SIG_IGN);
   // Everything up to the display check runs without QApplication, which aborts with no display.
   std::vector<std::string> args(argv + 1, argv + argc);
-  // Self-play's choice of computers is read here, beside the window's own options.
-  std::string players_list, players_error;
-  const bool players_given = std::find_if(args.begin(), args.end(), [](const std::string& a) {
-                               return a.rfind("--players", 0) == 0;
-                             }) != args.end();
-  bq::selfplay::TakePlayersOption(args, players_list, players_error);
   CommandLine cl = ParseCommandLine(args);
-  if (!players_error.empty()) cl.error = players_error;
-  if (cl.error.empty() && players_given && !cl.selfplay)
-    cl.error = "--players belongs with --selfplay";
   if (!cl.error.empty()) {
     std::cerr << "bramblequay: " << cl.error << " (see --help)\n";
     return 2;
   }
   if (cl.help) {
-    std::cout << UsageText() << '\n' << bq::selfplay::kPlayersUsage;
+    std::cout << UsageText();
     return 0;
   }
   if (cl.version) {
@@ -74,8 +64,8 @@ int main(int argc, char** argv) {
       std::cerr << "bramblequay: " << error << '\n';
       return 2;
     }
-    if (players_given) {
-      const auto players = bq::selfplay::ParsePlayers(players_list, error);
+    if (!cl.selfplay_players.empty()) {
+      const auto players = bq::selfplay::ParsePlayers(cl.selfplay_players, error);
       if (!players) {
         std::cerr << "bramblequay: " << error << '\n';
         return 2;

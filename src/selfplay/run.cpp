@@ -92,27 +92,6 @@ std::optional<Players> ParsePlayers(const std::string& text, std::string& error)
   return players;
 }
 
-bool TakePlayersOption(std::vector<std::string>& args, std::string& list, std::string& error) {
-  for (size_t i = 0; i < args.size(); ++i) {
-    if (args[i].rfind("--players=", 0) == 0) {
-      list = args[i].substr(10);
-      args.erase(args.begin() + static_cast<std::ptrdiff_t>(i));
-      return true;
-    }
-    if (args[i] == "--players") {
-      if (i + 1 >= args.size()) {
-        error = "--players needs a value";
-        return false;
-      }
-      list = args[i + 1];
-      args.erase(args.begin() + static_cast<std::ptrdiff_t>(i),
-                 args.begin() + static_cast<std::ptrdiff_t>(i) + 2);
-      return true;
-    }
-  }
-  return true;
-}
-
 int RunSelfPlay(const RunConfig& config, std::ostream& out, std::ostream& err) {
   std::ofstream csv;
   if (!config.csv_path.empty()) {

@@ -27,13 +27,6 @@ std::optional<OptionChoice> ParseOptionList(const std::string& text, std::string
 
 // "expert,classic": side A's player, then side B's, each "classic" or "expert".
 std::optional<Players> ParsePlayers(const std::string& text, std::string& error);
-// Takes "--players LIST" or "--players=LIST" out of `args` into `list`; false with `error` set
-// when the option has no value.
-bool TakePlayersOption(std::vector<std::string>& args, std::string& list, std::string& error);
-inline constexpr const char* kPlayersUsage =
-    "With --selfplay, --players A,B chooses the computers: classic (the default) or expert,\n"
-    "side A's first.\n";
-
 // Plays the games and prints the summary to `out`. Returns the process exit code.
 int RunSelfPlay(const RunConfig& config, std::ostream& out, std::ostream& err);
 

@@ -159,17 +159,6 @@ TEST(SelfPlay, PlayersComeSideAFirstAndTheSummaryNamesThem) {
     EXPECT_FALSE(ParsePlayers(bad, error)) << bad;
     EXPECT_NE(error.find("--players"), std::string::npos) << bad;
   }
-  std::vector<std::string> args{"--selfplay", "9", "--players", "expert,classic", "--seed", "1"};
-  std::string list;
-  EXPECT_TRUE(TakePlayersOption(args, list, error));
-  EXPECT_EQ(list, "expert,classic");
-  EXPECT_EQ(args, (std::vector<std::string>{"--selfplay", "9", "--seed", "1"}));
-  args = {"--players=classic,expert"};
-  EXPECT_TRUE(TakePlayersOption(args, list, error));
-  EXPECT_EQ(list, "classic,expert");
-  EXPECT_TRUE(args.empty());
-  args = {"--selfplay", "9", "--players"};
-  EXPECT_FALSE(TakePlayersOption(args, list, error));
 
   Summary summary({PlayerKind::kClassic, PlayerKind::kExpert});
   for (int result : {kAInOrder, kBInOrder, kBInOrder, kTie}) summary.Add({{}, result, 1, 9, 9});

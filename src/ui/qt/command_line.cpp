@@ -110,7 +110,9 @@ const char* UsageText() {
          "  --selfplay N           play N games of the computer against itself and\n"
          "                         print a summary; with --options LIST (stackem,backem,\n"
          "                         switchem,smackem,takem, or random), --seed S and\n"
-         "                         --csv FILE (one row per game)\n"
+         "                         --csv FILE (one row per game); --players A,B picks\n"
+         "                         side A's and side B's computer: classic (the\n"
+         "                         default) or expert\n"
          "  --help                 show this text and exit\n"
          "  --version              show the version and exit\n"
          "\n"
@@ -191,6 +193,9 @@ CommandLine ParseCommandLine(const std::vector<std::string>& args) {
         cl.error = "--selfplay needs a number of games, not '" + Printable(value) + "'";
     } else if (arg == "--options") {
       if (take_value()) cl.selfplay_options = value;
+    } else if (arg == "--players") {
+      if (take_value()) cl.selfplay_players = value;
+      if (cl.error.empty() && cl.selfplay_players.empty()) cl.error = "--players needs a value";
     } else if (arg == "--csv") {
       if (take_value()) cl.csv = value;
       if (cl.error.empty() && cl.csv.empty()) cl.error = "--csv needs a file name";
@@ -198,8 +203,9 @@ CommandLine ParseCommandLine(const std::vector<std::string>& args) {
       cl.error = "unknown option '" + Printable(args[i]) + "'";
     }
   }
-  if (cl.error.empty() && !cl.selfplay && (!cl.selfplay_options.empty() || !cl.csv.empty()))
-    cl.error = "--options and --csv belong with --selfplay";
+  if (cl.error.empty() && !cl.selfplay &&
+      (!cl.selfplay_options.empty() || !cl.selfplay_players.empty() || !cl.csv.empty()))
+    cl.error = "--options, --players and --csv belong with --selfplay";
   return cl;
 }
 

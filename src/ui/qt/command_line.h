@@ -17,9 +17,11 @@ struct CommandLine {
   std::vector<std::string> qt_args;  // Qt's own options ("-style", "fusion"), for QApplication
   std::string error;                 // set when the arguments make no sense; one printable line
 
-  // --selfplay N [--options LIST] [--csv FILE]: games of the computer against itself.
+  // --selfplay N [--options LIST] [--players A,B] [--csv FILE]: games of the computer against
+  // itself.
   std::optional<long long> selfplay;
   std::string selfplay_options;
+  std::string selfplay_players;  // --players A,B: empty for the default
   std::string csv;
 };
 

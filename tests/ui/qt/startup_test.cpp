@@ -55,6 +55,8 @@ class StartupTest : public QObject {
                                     {"--fullscreen"},
                                     {"--headless=0"},
                                     {"--help=yes"},
+                                    {"--players", "expert,classic"},
+                                    {"--selfplay", "9", "--players="},
                                     {"-style"}})
       QCOMPARE(read(args), "refused");
     // Qt's options go to Qt, with their values; a file name that looks like one stays ours.
