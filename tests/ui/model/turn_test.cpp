@@ -18,7 +18,9 @@ TEST(TurnA, LookingAtTheDrawPileMakesTheDiscardUntakable) {
   g.Press({"lblDrawPile"});
   EXPECT_EQ(g.C("lblCardA(2)").marked, 0);  // the slot is chosen after seeing the card
   EXPECT_EQ(g.C("lblDrawPile").caption, CardFace(44));
-  EXPECT_TRUE(g.C("cmdPlayA").enabled);  // a pass is possible at once
+  EXPECT_TRUE(g.C("cmdPlayA").enabled);            // a pass is possible at once
+  ASSERT_TRUE(g.model.RightClick("lblCardA(5)"));  // nor through a card's own menu
+  EXPECT_EQ(g.Live({"mnuPopupCardDiscard", "mnuPopupCardDraw"}), "mnuPopupCardDraw");
   g.Press({"lblDiscardPile", "lblCardA(3)"});
   EXPECT_EQ(g.C("lblDiscardPile").marked, 0);
   g.Press({"cmdPlayA"});
@@ -106,6 +108,20 @@ TEST(ComputerTurn, TakingNothingAlwaysWaits) {
     EXPECT_EQ(g.Field("DiscardTop") + g.Field("MoveCountB") + g.Field("TurnOwner"), "5211");
     EXPECT_TRUE(g.C("lblDrawPile").enabled);
   }
+}
+
+TEST(ComputerTurn, ATakeFromTheDrawPileOnShowLightsThePileAndTheSlot) {
+  Game g;
+  g.NewGameAFirst({"optLearnModeOn"});
+  g.Set("Stacks(2)", "5 15 25 35 99 55 65 75 85 95");
+  g.Set("Stacks(1)", "1 80 30 20 10 60 70 2 90 100");
+  g.Set("DrawCards", "45");
+  g.Set("DrawPos", "1");
+  g.Press({"lblDiscardPile", "lblCardA(1)", "cmdPlayA"});  // the discard becomes 1
+  ASSERT_TRUE(g.C("cmdCTakesDraw").visible);
+  EXPECT_EQ(g.C("lblDrawPile").caption, CardFace(45));
+  EXPECT_TRUE(g.C("lblDrawPile").enabled && !g.C("lblDiscardPile").enabled);
+  EXPECT_EQ(g.C("lblDrawPile").marked + g.C("lblCardB(5)").marked, 2);
 }
 
 TEST(ComputerTurn, ItsFirstTurnJudgesWithTheMarksTheDealLeft) {
