@@ -1,5 +1,7 @@
 #include "ai/hint.h"
 
+#include <optional>
+
 #include "ai/turn.h"
 
 namespace bq::ai {
@@ -28,6 +30,23 @@ Advice Advise(const HintView& v) {
   else
     advice.kind = Advice::Kind::kPass;
   return advice;
+}
+
+Advice ExpertAdvice(const Expert& expert, const SeatView& v) {
+  const std::optional<Move> m = expert.Decide(v);
+  if (!m) return {Advice::Kind::kLookAtDraw, 0};
+  switch (m->kind) {
+    case MoveKind::kTakeDiscard:
+      return {Advice::Kind::kTakeDiscard, m->slot1};
+    case MoveKind::kTakeDraw:
+      return {Advice::Kind::kTakeDraw, m->slot1};
+    case MoveKind::kTakem: {
+      const int slot = v.opponent_row_reversed ? v.stack_size + 1 - m->slot2 : m->slot2;
+      return {Advice::Kind::kTakem, m->slot1, m->slot2, v.theirs[static_cast<size_t>(slot)]};
+    }
+    default:
+      return {Advice::Kind::kPass, 0};
+  }
 }
 
 }  // namespace bq::ai

@@ -1,6 +1,7 @@
 #include "store/settings.h"
 
 #include <algorithm>
+#include <cctype>
 #include <charconv>
 #include <cmath>
 #include <filesystem>
@@ -15,7 +16,8 @@ namespace {
 constexpr std::string_view kPosition = "WindowPosition";
 constexpr std::string_view kOptions = "Options";
 constexpr std::string_view kPreferences = "Preferences";
-constexpr std::array<std::string_view, 3> kStatsSections = {"", "StatsVsComputer", "StatsVsHumans"};
+constexpr std::array<std::string_view, 4> kStatsSections = {"", "StatsVsComputer", "StatsVsHumans",
+                                                            "StatsVsExpert"};
 
 constexpr std::array<std::pair<std::string_view, int StoredOptions::*>, 9> kOptionKeys = {{
     {"SetStackem", &StoredOptions::stackem},
@@ -74,12 +76,19 @@ std::string PositionText(float twips) {
   return std::string(buf, result.ptr);
 }
 
-void PutStatistics(Profile& profile, const std::array<GameStats, 3>& stats) {
-  for (int kind : {kVsComputer, kVsHumans}) {
-    ForEachStat(stats[static_cast<size_t>(kind)], [&](const std::string& key, int value) {
-      profile.SetString(kStatsSections[static_cast<size_t>(kind)], key, std::to_string(value));
-    });
-  }
+void PutStatistics(Profile& profile, const AllStats& stats, int kind) {
+  ForEachStat(stats[static_cast<size_t>(kind)], [&](const std::string& key, int value) {
+    profile.SetString(kStatsSections[static_cast<size_t>(kind)], key, std::to_string(value));
+  });
+}
+
+// Anything but the Expert's name, in any case, is the Classic computer.
+bool IsExpert(std::string_view name) {
+  constexpr std::string_view kExpert = "expert";
+  return name.size() == kExpert.size() &&
+         std::equal(name.begin(), name.end(), kExpert.begin(), [](char a, char b) {
+           return std::tolower(static_cast<unsigned char>(a)) == b;
+         });
 }
 
 }  // namespace
@@ -87,14 +96,18 @@ void PutStatistics(Profile& profile, const std::array<GameStats, 3>& stats) {
 std::vector<SettingsKey> AllSettingsKeys() {
   std::vector<SettingsKey> keys = {{kPosition, "Left"}, {kPosition, "Top"}};
   for (const auto& [key, field] : kOptionKeys) keys.push_back({kOptions, std::string(key)});
-  for (int kind : {kVsComputer, kVsHumans}) {
+  const auto stats_keys = [&](int kind) {
     const GameStats none;
     ForEachStat(none, [&](const std::string& key, int) {
       keys.push_back({kStatsSections[static_cast<size_t>(kind)], key});
     });
-  }
-  for (const char* key : {"Sound", "AskAbandon", "OpponentAddress", "OpponentPort", "LocalPort"})
+  };
+  stats_keys(kVsComputer);
+  stats_keys(kVsHumans);
+  for (const char* key :
+       {"Sound", "AskAbandon", "OpponentAddress", "OpponentPort", "LocalPort", "Computer"})
     keys.push_back({kPreferences, key});
+  stats_keys(kVsExpert);
   return keys;
 }
 
@@ -120,7 +133,7 @@ Settings SettingsFromProfile(const Profile& profile) {
   settings.top = static_cast<float>(profile.GetInt(kPosition, "Top", 0));
   for (const auto& [key, field] : kOptionKeys)
     settings.options.*field = ReadShort(profile, kOptions, key, settings.options.*field);
-  for (int kind : {kVsComputer, kVsHumans}) {
+  for (int kind : {kVsComputer, kVsHumans, kVsExpert}) {
     ForEachStat(settings.stats[static_cast<size_t>(kind)], [&](const std::string& key, int& value) {
       value = ReadShort(profile, kStatsSections[static_cast<size_t>(kind)], key, 0, 0);
     });
@@ -134,6 +147,7 @@ Settings SettingsFromProfile(const Profile& profile) {
     settings.opponent_address = address;
   settings.opponent_port = ReadPort(profile, "OpponentPort");
   settings.local_port = ReadPort(profile, "LocalPort");
+  settings.expert = IsExpert(profile.GetString(kPreferences, "Computer").value_or(""));
   return settings;
 }
 
@@ -154,19 +168,22 @@ void PutSettings(Profile& profile, const Settings& settings) {
     options.stackem = options.backem = options.switchem = options.smackem = options.takem = 0;
   for (const auto& [key, field] : kOptionKeys)
     profile.SetString(kOptions, key, std::to_string(options.*field));
-  PutStatistics(profile, settings.stats);
+  PutStatistics(profile, settings.stats, kVsComputer);
+  PutStatistics(profile, settings.stats, kVsHumans);
   profile.SetString(kPreferences, "Sound", settings.sound ? "1" : "0");
   profile.SetString(kPreferences, "AskAbandon", settings.ask_before_abandoning ? "1" : "0");
   profile.SetString(kPreferences, "OpponentAddress", settings.opponent_address);
   profile.SetString(kPreferences, "OpponentPort", std::to_string(settings.opponent_port));
   profile.SetString(kPreferences, "LocalPort", std::to_string(settings.local_port));
+  profile.SetString(kPreferences, "Computer", settings.expert ? "Expert" : "Classic");
+  PutStatistics(profile, settings.stats, kVsExpert);
 }
 
-WriteResult SaveStatistics(const std::string& path, const std::array<GameStats, 3>& stats) {
+WriteResult SaveStatistics(const std::string& path, const AllStats& stats) {
   Profile profile;
   if (const FileFault fault = LoadSettingsProfile(path, profile); fault != FileFault::kNone)
     return LoadFailure(fault);
-  PutStatistics(profile, stats);
+  for (int kind : {kVsComputer, kVsHumans, kVsExpert}) PutStatistics(profile, stats, kind);
   return profile.Write(path);
 }
 

@@ -23,6 +23,8 @@ struct GameStats {
 
 inline constexpr int kVsComputer = 1;
 inline constexpr int kVsHumans = 2;
+inline constexpr int kVsExpert = 3;         // ours: games against the Expert computer
+using AllStats = std::array<GameStats, 4>;  // by kind; [0] unused
 
 // The nine play settings in the file's order; 1 means on (opponent 1 means the computer).
 struct StoredOptions {
@@ -42,10 +44,11 @@ struct Settings {
   float left = 0;  // twips
   float top = 0;
   StoredOptions options;
-  std::array<GameStats, 3> stats{};  // [kVsComputer], [kVsHumans]; [0] unused
+  AllStats stats{};
   // Ours, beyond the game's 67 keys: kept in a section of its own after theirs.
   bool sound = true;                  // the click sound; only "Sound=0" turns it off
   bool ask_before_abandoning = true;  // the window's question; only "AskAbandon=0" stops it
+  bool expert = false;                // the computer opponent: only "Computer=Expert" chooses it
   // The last connection set up, offered in the dialog next time: empty and 0 when none. An
   // address that is no plain host name or number, or a port outside 1..65535, reads as none.
   std::string opponent_address;
@@ -86,12 +89,12 @@ SettingsFileCheck CheckSettingsFile(const std::string& path, bool named_by_user)
 // not: it may lie past 32767 twips). Never fails.
 Settings LoadSettings(const std::string& path);
 
-// Writes all 67 keys in their order, then our own section, keeping every other line of the file.
+// Writes all 67 keys in their order, then our own sections, keeping every other line of the file.
 // With Random on the five options it drew are written as 0. The file is replaced atomically. Fails,
 // with the reason, when it could not be written or is no settings file (LoadSettingsProfile).
 WriteResult SaveSettings(const std::string& path, const Settings& settings);
 
-// Writes only the two statistics sections (56 keys), leaving everything else in the file.
-WriteResult SaveStatistics(const std::string& path, const std::array<GameStats, 3>& stats);
+// Writes only the statistics sections (the game's two and ours), leaving everything else.
+WriteResult SaveStatistics(const std::string& path, const AllStats& stats);
 
 }  // namespace bq

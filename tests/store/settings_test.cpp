@@ -25,8 +25,9 @@ Settings Sample() {
   s.opponent_address = "[fe80::1]";
   s.opponent_port = 4101;
   s.local_port = 65535;
+  s.expert = true;
   int next = 100;
-  for (GameStats* g : {&s.stats[kVsComputer], &s.stats[kVsHumans]}) {
+  for (GameStats* g : {&s.stats[kVsComputer], &s.stats[kVsHumans], &s.stats[kVsExpert]}) {
     for (auto* row : {&g->wins, &g->losses, &g->ties})
       for (size_t i = 1; i <= 8; ++i) (*row)[i] = next++;
     g->last_winner = next++;
@@ -36,12 +37,14 @@ Settings Sample() {
   return s;
 }
 
-// Both statistics sections as they must be written.
-std::string StatsText(const std::array<GameStats, 3>& stats) {
+// Statistics sections as they must be written.
+std::string StatsText(const AllStats& stats, std::initializer_list<int> kinds) {
   std::string text;
-  for (int kind : {kVsComputer, kVsHumans}) {
+  for (int kind : kinds) {
     const GameStats& g = stats[static_cast<size_t>(kind)];
-    text += kind == kVsComputer ? "[StatsVsComputer]\n" : "[StatsVsHumans]\n";
+    text += kind == kVsComputer ? "[StatsVsComputer]\n"
+            : kind == kVsHumans ? "[StatsVsHumans]\n"
+                                : "[StatsVsExpert]\n";
     for (const auto& [row, values] :
          {std::pair{"Wins", g.wins}, {"Losses", g.losses}, {"Ties", g.ties}})
       for (size_t i = 1; i <= 8; ++i)
@@ -65,7 +68,8 @@ TEST(Settings, DefaultsForMissingEmptyAndJunkFiles) {
     EXPECT_EQ(s.left, 0);
     EXPECT_EQ(s.top, 0);
     EXPECT_EQ(s.options, (StoredOptions{0, 0, 0, 0, 0, 0, 1, 2, 2}));
-    EXPECT_EQ(s.stats, (std::array<GameStats, 3>{}));
+    EXPECT_EQ(s.stats, AllStats{});
+    EXPECT_FALSE(s.expert);
     EXPECT_TRUE(s.sound);
     EXPECT_TRUE(s.ask_before_abandoning);
   }
@@ -79,9 +83,10 @@ TEST(Settings, FullWriteHasAll67KeysInOrderThenOursAndReadsBack) {
       "[WindowPosition]\nLeft=1000000\nTop=345.5\n[Options]\nSetStackem=1\nSetBackem=0\n"
       "SetSwitchem=1\nSetSmackem=0\nSetTakem=1\nSetRandom=0\nSetOpponent=2\nSetFastMode=1\n"
       "SetLearnMode=2\n" +
-      StatsText(s.stats) +
+      StatsText(s.stats, {kVsComputer, kVsHumans}) +
       "[Preferences]\nSound=0\nAskAbandon=0\nOpponentAddress=[fe80::1]\nOpponentPort=4101\n"
-      "LocalPort=65535\n";
+      "LocalPort=65535\nComputer=Expert\n" +
+      StatsText(s.stats, {kVsExpert});
   EXPECT_EQ(file.Read(), expected);
 
   const Settings back = LoadSettings(file.path());
@@ -94,6 +99,7 @@ TEST(Settings, FullWriteHasAll67KeysInOrderThenOursAndReadsBack) {
   EXPECT_EQ(back.opponent_address, s.opponent_address);
   EXPECT_EQ(back.opponent_port, s.opponent_port);
   EXPECT_EQ(back.local_port, s.local_port);
+  EXPECT_TRUE(back.expert);
 }
 
 TEST(Settings, ValuesReadAsClampedProfileIntegers) {
@@ -117,6 +123,15 @@ TEST(Settings, ValuesReadAsClampedProfileIntegers) {
   EXPECT_EQ(s.opponent_port, 0);
   EXPECT_EQ(s.local_port, 0);
   EXPECT_EQ(s.opponent_address, "");
+  // The computer is the Expert only by its name; anything else is the Classic one.
+  for (const auto& [value, expert] : {std::pair{"expert", true},
+                                      {" EXPERT ", true},
+                                      {"Experts", false},
+                                      {"1", false},
+                                      {"", false}}) {
+    file.Write(std::string("[Options]\n[Preferences]\nComputer=") + value + "\n");
+    EXPECT_EQ(LoadSettings(file.path()).expert, expert) << value;
+  }
 }
 
 TEST(Settings, RandomForgetsTheOptionsItDrew) {
@@ -135,7 +150,7 @@ TEST(Settings, SavingKeepsEveryOtherLine) {
   const std::string head = "; mine\n[options]\nsetstackem=1\nColour=green\n[Mine]\nAny=goes\n";
   file.Write(head + "[StatsVsComputer]\nWins1=9\n");
   ASSERT_TRUE(SaveStatistics(file.path(), Sample().stats));
-  EXPECT_EQ(file.Read(), head + StatsText(Sample().stats));
+  EXPECT_EQ(file.Read(), head + StatsText(Sample().stats, {kVsComputer, kVsHumans, kVsExpert}));
 
   ASSERT_TRUE(SaveSettings(file.path(), LoadSettings(file.path())));
   const std::string text = file.Read();

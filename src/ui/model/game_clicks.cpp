@@ -63,6 +63,8 @@ bool GameModel::ClickControl(std::string_view name) {
     return true;
   }
   if (c == &mnuLearnModeOn || c == &mnuLearnModeOff) return ToggleLearnMode(), true;
+  if (c == &mnuComputerClassic || c == &mnuComputerExpert)
+    return ChooseComputer(c == &mnuComputerExpert), true;
   if (c == &mnuOptionsSound) {
     sound_on_ = !sound_on_;
     mnuOptionsSound.value = sound_on_;

@@ -9,6 +9,14 @@ void GameModel::ClearComputerMarks() {
   for (int k = 1; k <= N(); ++k) judge_.m[static_cast<size_t>(k)] = '0';
 }
 
+void GameModel::TakeJudgement() {
+  if (const ai::Judgement* j = seat_.judgement()) judge_ = *j;
+}
+
+std::string GameModel::MarkText(int slot) const {
+  return ExpertPlaying() ? "" : std::string(1, judge_.m[static_cast<size_t>(slot)]);
+}
+
 void GameModel::RefreshGoodBad() {
   RefreshGoodBad(g_.opponent_row_reversed);
 }
@@ -16,7 +24,7 @@ void GameModel::RefreshGoodBad() {
 void GameModel::RefreshGoodBad(bool reversed) {
   for (int k = 1; k <= N(); ++k) {
     auto& label = lblGoodBad[static_cast<size_t>(reversed ? N() + 1 - k : k)];
-    label.caption = std::string(1, judge_.m[static_cast<size_t>(k)]);
+    label.caption = MarkText(k);
     label.visible = judgement_shown_;
   }
 }
@@ -42,7 +50,7 @@ Move GameModel::ChooseComputerMove() {
   const bool direction = first_turn_ && Backem();
   const Move m = seat_.Choose(g_, platform_);
   if (g_.phase != Phase::kOpening && m.kind != MoveKind::kBackem) first_turn_ = false;
-  judge_ = seat_.judgement();
+  TakeJudgement();
   // A reversal chosen for the first turn shows the marks where its cards will stand.
   if (direction || g_.phase == Phase::kOpening)
     RefreshGoodBad(g_.opponent_row_reversed || m.kind == MoveKind::kBackem);

@@ -51,7 +51,8 @@ void GameModel::ToggleJudgementDisplay() {
   if (judgement_shown_) {
     SetFastMode(false);
     SetLearnMode(true);
-    StatusBar1[2].caption = "Showing the computer's judgement";
+    StatusBar1[2].caption = ExpertPlaying() ? "Showing the Expert's cards; it keeps no marks"
+                                            : "Showing the computer's judgement";
   } else {
     SetFastMode(saved_fast_mode_);
     SetLearnMode(saved_learn_mode_);
@@ -62,7 +63,7 @@ void GameModel::ToggleJudgementDisplay() {
   // marking pass puts it at its screen position. The opponent's cards follow Learn Mode alone.
   for (int k = 1; k <= N(); ++k) {
     const auto i = static_cast<size_t>(k);
-    lblGoodBad[i].caption = std::string(1, judge_.m[i]);
+    lblGoodBad[i].caption = MarkText(k);
     lblCardB[i].visible = learn_mode_;
   }
 }
@@ -102,6 +103,7 @@ std::optional<std::string> GameModel::GetField(std::string_view field) const {
     return out;
   }
   if (field == "Marks") {
+    if (ExpertPlaying()) return "";  // the Expert keeps none
     std::string out;
     for (int k = 1; k <= n; ++k) {
       if (k > 1) out += ' ';

@@ -1,4 +1,5 @@
-// The Hint: side A's turn judged as the computer judges its own, told on the prompt line.
+// The Hint: side A's turn judged as the chosen computer judges its own, told on the prompt line.
+#include "ai/expert.h"
 #include "ui/model/game_model.h"
 
 namespace bq {
@@ -12,7 +13,15 @@ bool GameModel::HintAvailable() const {
 
 bool GameModel::AskHint() {
   if (!HintAvailable()) return false;
-  hint_.Ask(HintModel::See(g_, lblDrawPile.marked == 1), Backem());
+  const bool looked = lblDrawPile.marked == 1;
+  const HintModel::Seen seen = HintModel::See(g_, looked);
+  if (!expert_chosen_) {
+    hint_.Ask(seen, Backem());
+    return true;
+  }
+  // From what side A has seen, as the Expert in side A's seat would be told it.
+  static const ai::Expert expert;
+  hint_.Ask(seen, ai::ExpertAdvice(expert, ai::ViewOf(g_, kSideA, shown_a_, looked)), true);
   return true;
 }
 
@@ -36,6 +45,9 @@ void GameModel::ShowHint() {
       Highlight(lblDrawPile, kHighlightSteady);
       break;
     case ai::Advice::Kind::kPass:
+      break;
+    case ai::Advice::Kind::kTakem:
+      Highlight(cmdSetupTakemA, kHighlightSteady);
       break;
   }
   if (advice.slot > 0) Highlight(lblCardA[static_cast<size_t>(advice.slot)], kHighlightSteady);

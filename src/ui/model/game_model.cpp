@@ -106,6 +106,8 @@ GameModel::GameModel(Platform& platform, std::string settings_path)
   Set(mnuLearnModeOn, "Learn Mode On");
   Set(mnuLearnModeOff, "Learn Mode Off");
   Set(mnuOptionsSound, "Sound");
+  Set(mnuComputerClassic, "Computer: Classic");
+  Set(mnuComputerExpert, "Computer: Expert");
   Set(mnuStats, "Stat&istics");
   Set(mnuHelp, "Help");
   Set(mnuHelpHowToPlay, "&How To Play");
@@ -205,6 +207,8 @@ void GameModel::RegisterControls() {
   Register("mnuLearnModeOn", mnuLearnModeOn);
   Register("mnuLearnModeOff", mnuLearnModeOff);
   Register("mnuOptionsSound", mnuOptionsSound);
+  Register("mnuComputerClassic", mnuComputerClassic);
+  Register("mnuComputerExpert", mnuComputerExpert);
   Register("mnuStats", mnuStats);
   Register("mnuHelp", mnuHelp);
   Register("mnuHelpHowToPlay", mnuHelpHowToPlay);

@@ -9,7 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "ai/computer_seat.h"
+#include "ai/chosen_seat.h"
+#include "ai/seat_view.h"
 #include "engine/rules.h"
 #include "net/link.h"
 #include "net/message.h"
@@ -105,6 +106,10 @@ class GameModel : public WindowModel {
   bool learn_mode() const { return learn_mode_; }
   bool fast_mode() const { return fast_mode_; }
   bool vs_computer() const { return vs_computer_; }
+  // Ours: the computer chosen in the Options menu, and the one playing side B now (chosen when
+  // a game against the computer is dealt).
+  bool expert_chosen() const { return expert_chosen_; }
+  ai::Computer seat_kind() const { return seat_.kind(); }
   bool judgement_shown() const { return judgement_shown_; }
   bool game_running() const { return game_running_; }
   float window_left() const { return window_left_; }
@@ -156,6 +161,8 @@ class GameModel : public WindowModel {
       mnuOptionsTakem, mnuOptionsRandom, mnuVsComputer, mnuVsHuman, mnuSetupRemoteOpponent,
       mnuFastModeOn, mnuFastModeOff, mnuLearnModeOn, mnuLearnModeOff;
   Control mnuOptionsSound;  // ours, at the end of the Options menu: the click sound on or off
+  // Ours, after it: which computer plays, a pair checked like option buttons.
+  Control mnuComputerClassic, mnuComputerExpert;
   Control mnuStats, mnuHelp, mnuHelpHowToPlay, mnuHelpAbout;
   Control mnuPopupFileNewGame, mnuPopupFileQuitGame, mnuPopupFileExit, mnuPopupStats,
       mnuPopupHelpHowToPlay, mnuPopupHelpAbout;
@@ -209,6 +216,7 @@ class GameModel : public WindowModel {
   void ToggleOpponent();
   void ToggleFastMode();
   void ToggleLearnMode();
+  void ChooseComputer(bool expert);
   void RefreshSlotVisibility();
   void RefreshRangeLabels();
   void ResetComputerJudgement();  // marks "0", counts 0, base ranges, brought up to date
@@ -257,6 +265,9 @@ class GameModel : public WindowModel {
   void ClearComputerMarks();
   void RefreshGoodBad();
   void RefreshGoodBad(bool reversed);
+  void TakeJudgement();  // the display follows the seat's judgement, when it keeps one
+  bool ExpertPlaying() const { return vs_computer_ && seat_.kind() == ai::Computer::kExpert; }
+  std::string MarkText(int slot) const;  // the Expert keeps no marks: blank
 
   // Special moves of side A and the receiving side (game_option_moves.cpp).
   void StartSwitchemA();
@@ -323,7 +334,10 @@ class GameModel : public WindowModel {
   Platform& platform_;
   std::string settings_path_;
   GameState g_;
-  ai::ComputerSeat seat_{kSideB};
+  ai::ChosenSeat seat_{kSideB};
+  bool expert_chosen_ = false;
+  // What side A has seen of the opponent's cards, for the Expert's Hint.
+  ai::ShownCards shown_a_{kSideA};
   // The computer's judgement as the display shows it: the seat's, taken after each of its steps.
   ai::Judgement judge_;
   Settings loaded_;  // what the file held at the last load

@@ -145,6 +145,13 @@ void GameModel::ToggleLearnMode() {
   saved_learn_mode_ = learn_mode_;
 }
 
+// Takes effect at the next deal against the computer; a game in progress keeps its seat.
+void GameModel::ChooseComputer(bool expert) {
+  expert_chosen_ = expert;
+  mnuComputerClassic.value = !expert;
+  mnuComputerExpert.value = expert;
+}
+
 Settings GameModel::CurrentSettings(Settings base) const {
   base.left = window_left_;
   base.top = window_top_;
@@ -160,6 +167,7 @@ Settings GameModel::CurrentSettings(Settings base) const {
   o.learn_mode = optLearnModeOn.value == 1 ? 1 : 2;
   base.sound = sound_on_;
   base.ask_before_abandoning = ask_before_abandoning_;
+  base.expert = expert_chosen_;
   base.opponent_address = last_connection_.opponent_address;
   base.opponent_port = last_connection_.opponent_port;
   base.local_port = last_connection_.local_port;

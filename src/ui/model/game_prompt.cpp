@@ -50,6 +50,8 @@ void GameModel::EndEvent() {
     result_.clear();  // kept between games only
   }
   RefreshQuit();
+  // The computer is chosen whenever the opponent may be: between games, never during one.
+  mnuComputerClassic.enabled = mnuComputerExpert.enabled = mnuVsComputer.enabled;
   if (!AwaitingOpponent()) {
     waiting_since_ms_ = -1;
     silence_told_ = false;
@@ -91,6 +93,7 @@ void GameModel::NoteMove(int side) {
 }
 
 void GameModel::StartMoveList() {
+  shown_a_.NewGame();
   news_base_ = g_;
   for (Control& c : lblMoveList) c.caption.clear();
 }

@@ -11,6 +11,7 @@ void GameModel::Load() {
   window_top_ = loaded_.top;
   sound_on_ = loaded_.sound;
   mnuOptionsSound.value = sound_on_;
+  ChooseComputer(loaded_.expert);
   ask_before_abandoning_ = loaded_.ask_before_abandoning;
   last_connection_ = {loaded_.opponent_address, loaded_.opponent_port, loaded_.local_port};
   StoredOptions options = loaded_.options;
@@ -96,7 +97,7 @@ void GameModel::RefreshRangeLabels() {
 
 void GameModel::ResetComputerJudgement() {
   seat_.StackSetByHand(g_);
-  judge_ = seat_.judgement();
+  TakeJudgement();
   RefreshGoodBad();
 }
 
@@ -112,8 +113,10 @@ void GameModel::NewGame() {
   ShuffleAndDeal(g_, platform_);
   StartMoveList();  // the first move is told against the deal
   if (vs_computer_) {
+    const auto kind = expert_chosen_ ? ai::Computer::kExpert : ai::Computer::kClassic;
+    if (seat_.kind() != kind) seat_ = ai::ChosenSeat(kSideB, kind);
     seat_.NewGame(g_);
-    judge_ = seat_.judgement();
+    TakeJudgement();
   }
   BeginGameFlags();
   LockControlsForGame();
@@ -253,8 +256,9 @@ void GameModel::RecordResult(Outcome outcome) {
   // A game in which the opponent's cards were on show counts no more than a Learn Mode game.
   if (learn_mode_ || shown_face_up_) return;
   Settings s = LoadSettings(settings_path_);  // the file is the authority for the statistics
-  ApplyResult(s.stats[static_cast<size_t>(vs_computer_ ? kVsComputer : kVsHumans)], outcome,
-              CheckedOptions());
+  // Games against the Expert are kept apart from the Classic computer's figures.
+  const int kind = !vs_computer_ ? kVsHumans : ExpertPlaying() ? kVsExpert : kVsComputer;
+  ApplyResult(s.stats[static_cast<size_t>(kind)], outcome, CheckedOptions());
   s = CurrentSettings(s);
   SaveOrWarn(s, false);
   loaded_ = s;

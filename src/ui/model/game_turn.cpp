@@ -210,9 +210,10 @@ bool GameModel::CardPopup(bool discard) {
 // computer's judgement follow it. A move the referee refuses changes nothing.
 bool GameModel::Play(const Move& m) {
   if (!Apply(g_, m, platform_)) return false;
+  shown_a_.Applied(g_, m);
   if (vs_computer_) {
     seat_.Applied(g_, m);
-    judge_ = seat_.judgement();
+    TakeJudgement();
   }
   if (m.kind == MoveKind::kBackem) return true;  // a direction, not a counted move
   RefreshMoveCounts();

@@ -13,8 +13,13 @@ HintModel::Seen HintModel::See(const GameState& g, bool draw_looked) {
 }
 
 void HintModel::Ask(const Seen& seen, bool backem) {
+  Ask(seen, ai::Advise({seen.own.data(), seen.n, seen.discard_top, seen.drawn, backem}), false);
+}
+
+void HintModel::Ask(const Seen& seen, const ai::Advice& advice, bool expert) {
   seen_ = seen;
-  advice_ = ai::Advise({seen.own.data(), seen.n, seen.discard_top, seen.drawn, backem});
+  advice_ = advice;
+  expert_ = expert;
   active_ = true;
 }
 
@@ -24,20 +29,28 @@ void HintModel::Follow(const Seen& seen) {
 
 std::string HintModel::Text() const {
   if (!active_) return "";
+  return (expert_ ? "The Expert suggests: " : "Hint: ") + Words();
+}
+
+std::string HintModel::Words() const {
   const std::string replaced =
       advice_.slot > 0 ? std::to_string(seen_.own[static_cast<size_t>(advice_.slot)]) : "";
   const std::string where = " in place of your " + replaced + " (card " +
                             std::to_string(advice_.slot) + " of your Stack).";
   switch (advice_.kind) {
     case ai::Advice::Kind::kTakeDiscard:
-      return "Hint: take the Discard Pile card, " + std::to_string(seen_.discard_top) + "," + where;
+      return "take the Discard Pile card, " + std::to_string(seen_.discard_top) + "," + where;
     case ai::Advice::Kind::kLookAtDraw:
-      return "Hint: leave the Discard Pile card and look at the Draw Pile card.";
+      return "leave the Discard Pile card and look at the Draw Pile card.";
     case ai::Advice::Kind::kTakeDraw:
-      return "Hint: take the Draw Pile card, " + std::to_string(seen_.drawn) + "," + where;
+      return "take the Draw Pile card, " + std::to_string(seen_.drawn) + "," + where;
     case ai::Advice::Kind::kPass:
-      return "Hint: pass; the Draw Pile card, " + std::to_string(seen_.drawn) +
+      return "pass; the Draw Pile card, " + std::to_string(seen_.drawn) +
              ", does not help your Stack.";
+    case ai::Advice::Kind::kTakem:
+      return "use Takem: give your " + replaced + " (card " + std::to_string(advice_.slot) +
+             " of your Stack) for your opponent's " + std::to_string(advice_.their_card) +
+             " (card " + std::to_string(advice_.their_slot) + " of their Stack).";
   }
   return "";
 }

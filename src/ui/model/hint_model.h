@@ -23,7 +23,10 @@ class HintModel {
   };
   static Seen See(const GameState& g, bool draw_looked);
 
+  // The Classic computer's advice, judged here.
   void Ask(const Seen& seen, bool backem);
+  // Advice judged elsewhere; the text names the Expert when it is `expert`'s.
+  void Ask(const Seen& seen, const ai::Advice& advice, bool expert);
   void Follow(const Seen& seen);
   void Clear() { active_ = false; }
   bool active() const { return active_; }
@@ -32,7 +35,10 @@ class HintModel {
   std::string Text() const;
 
  private:
+  std::string Words() const;
+
   bool active_ = false;
+  bool expert_ = false;
   Seen seen_;
   ai::Advice advice_;
 };

@@ -91,6 +91,9 @@ StatsModel::StatsModel(Platform& platform)
       lbl_streaks_(Label("Streaks")),
       lbl_current_(Label("Current")),
       lbl_consecutive_(Label("Record")),
+      lbl_classic_(Label("Against the Classic computer")),
+      lbl_expert_(Label("Against the Expert")),
+      lbl_expert_wlt_(Label("Won       Lost       Tied")),
       confirm_(platform, [this](bool yes) { OnClearAnswer(yes); }) {
   cmd_clear_stats_.caption = "  Clear   statistics ";
   cmd_clear_stats_.tooltip = "Click here to reset all statistics.";
@@ -126,6 +129,15 @@ StatsModel::StatsModel(Platform& platform)
   Register("cmdShowOtherStats", cmd_show_other_stats_);
   Register("cmdClearStats", cmd_clear_stats_);
   Register("cmdCloseStats", cmd_close_stats_);
+  Register("lblClassic", lbl_classic_);
+  Register("lblExpert", lbl_expert_);
+  Register("lblExpertWLT", lbl_expert_wlt_);
+  RegisterArray("lblExpertWins", lbl_expert_wins_, 1, 8);
+  RegisterArray("lblExpertLosses", lbl_expert_losses_, 1, 8);
+  RegisterArray("lblExpertTies", lbl_expert_ties_, 1, 8);
+  Register("lblExpertWStreak", lbl_expert_w_streak_);
+  Register("lblExpertLStreak", lbl_expert_l_streak_);
+  Register("lblExpertTStreak", lbl_expert_t_streak_);
 
   SetKindCaptions();
   caption_.caption = "Your Statistics";  // until it opens for a kind
@@ -177,30 +189,44 @@ void StatsModel::SetKindCaptions() {
 
 void StatsModel::Display() {
   const GameStats& g = stats_[static_cast<size_t>(kind_)];
+  const GameStats& e = stats_[kVsExpert];
+  const bool expert = kind_ == kVsComputer;
+  for (Control* c : {&lbl_classic_, &lbl_expert_, &lbl_expert_wlt_, &lbl_expert_w_streak_,
+                     &lbl_expert_l_streak_, &lbl_expert_t_streak_})
+    c->visible = expert;
   for (size_t i = 1; i <= 8; ++i) {
     lbl_wins_[i].caption = std::to_string(g.wins[i]);
     lbl_losses_[i].caption = std::to_string(g.losses[i]);
     lbl_ties_[i].caption = std::to_string(g.ties[i]);
+    lbl_expert_wins_[i].caption = std::to_string(e.wins[i]);
+    lbl_expert_losses_[i].caption = std::to_string(e.losses[i]);
+    lbl_expert_ties_[i].caption = std::to_string(e.ties[i]);
+    lbl_expert_wins_[i].visible = lbl_expert_losses_[i].visible = lbl_expert_ties_[i].visible =
+        expert;
   }
   for (size_t i = 1; i <= 7; ++i) {
-    const int total = g.wins[i] + g.losses[i] + g.ties[i];
     // Rounded to single precision first, as the window's copy keeps them.
-    const auto share = [total](int n) {
+    const auto share = [i](const GameStats& s, int n) {
+      const int total = s.wins[i] + s.losses[i] + s.ties[i];
       return total == 0 ? 0.f : static_cast<float>(static_cast<double>(n) / total);
     };
-    lbl_wins_pct_[i].caption = FormatPercent(share(g.wins[i]));
-    lbl_losses_pct_[i].caption = FormatPercent(share(g.losses[i]));
-    lbl_ties_pct_[i].caption = FormatPercent(share(g.ties[i]));
+    lbl_wins_pct_[i].caption = FormatPercent(share(g, g.wins[i]));
+    lbl_losses_pct_[i].caption = FormatPercent(share(g, g.losses[i]));
+    lbl_ties_pct_[i].caption = FormatPercent(share(g, g.ties[i]));
   }
   lbl_w_streak_.caption = std::to_string(g.w_streak);
   lbl_l_streak_.caption = std::to_string(g.l_streak);
   lbl_t_streak_.caption = std::to_string(g.t_streak);
+  lbl_expert_w_streak_.caption = std::to_string(e.w_streak);
+  lbl_expert_l_streak_.caption = std::to_string(e.l_streak);
+  lbl_expert_t_streak_.caption = std::to_string(e.t_streak);
 }
 
 void StatsModel::OnClearAnswer(bool yes) {
   if (!yes) return;
-  std::array<GameStats, 3> cleared = stats_;
+  AllStats cleared = stats_;
   cleared[static_cast<size_t>(kind_)] = GameStats{};
+  if (kind_ == kVsComputer) cleared[kVsExpert] = GameStats{};  // both computers' games
   // The file is the authority: the window shows zeros only once they are stored.
   if (!SaveStatistics(path_, cleared)) {
     platform_.MessageBox("The statistics could not be saved to " + path_ + ".");

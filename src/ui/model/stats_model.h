@@ -41,6 +41,10 @@ class ConfirmClearModel : public WindowModel {
 // caption, as above), the row and column headings, lblWins(1..8), lblLosses(1..8), lblTies(1..8),
 // lblWinsPct(1..7), lblLossesPct(1..7), lblTiesPct(1..7), the streak labels, then
 // cmdShowOtherStats, cmdClearStats, cmdCloseStats. Row 8 of the counts is the Record row.
+// Ours after them, shown beside the computer's figures only: lblClassic and lblExpert (headings),
+// lblExpertWLT, lblExpertWins(1..8), lblExpertLosses(1..8), lblExpertTies(1..8) and
+// lblExpertWStreak, lblExpertLStreak, lblExpertTStreak: the games against the Expert. Clearing
+// the computer's statistics clears the Expert's too.
 class StatsModel : public WindowModel {
  public:
   explicit StatsModel(Platform& platform);
@@ -58,7 +62,7 @@ class StatsModel : public WindowModel {
   bool Close();
 
   int ShownKind() const { return kind_; }  // kVsComputer or kVsHumans
-  const std::array<GameStats, 3>& Stats() const { return stats_; }
+  const AllStats& Stats() const { return stats_; }
   ConfirmClearModel& Confirm() { return confirm_; }
   const ConfirmClearModel& Confirm() const { return confirm_; }
 
@@ -71,7 +75,7 @@ class StatsModel : public WindowModel {
   std::string path_;
   bool open_ = false;
   int kind_ = kVsComputer;
-  std::array<GameStats, 3> stats_{};
+  AllStats stats_{};
 
   Control caption_;
   Control lbl_results_, lbl_no_play_options_, lbl_stackem_, lbl_backem_, lbl_switchem_,
@@ -82,6 +86,9 @@ class StatsModel : public WindowModel {
   Control lbl_streaks_, lbl_current_, lbl_consecutive_;
   Control lbl_w_streak_, lbl_l_streak_, lbl_t_streak_;
   Control cmd_show_other_stats_, cmd_clear_stats_, cmd_close_stats_;
+  Control lbl_classic_, lbl_expert_, lbl_expert_wlt_;
+  std::array<Control, 9> lbl_expert_wins_, lbl_expert_losses_, lbl_expert_ties_;  // 1..8
+  Control lbl_expert_w_streak_, lbl_expert_l_streak_, lbl_expert_t_streak_;
 
   ConfirmClearModel confirm_;
 };

@@ -1,5 +1,6 @@
 // The menu bar and the two pop-up menus, each item bound to its control by name.
 #include <QAction>
+#include <QActionGroup>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
@@ -42,6 +43,11 @@ void GameWindow::BuildMenus() {
   NamedAction("mnuLearnModeOff", options, true);
   options->addSeparator();
   NamedAction("mnuOptionsSound", options, true);
+  options->addSeparator();
+  // Ours: which computer plays, drawn as a radio pair; the model keeps the marks.
+  auto* computers = new QActionGroup(options);
+  for (const char* name : {"mnuComputerClassic", "mnuComputerExpert"})
+    computers->addAction(NamedAction(name, options, true));
 
   // Statistics is a command on the bar itself, not a menu.
   QAction* stats = menuBar()->addAction(QString());

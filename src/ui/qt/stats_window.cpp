@@ -61,6 +61,12 @@ StatsWindow::StatsWindow(FrontEnd& front, const WindowModel& model, QWidget* par
     binder_.Bind(name, label);
     grid->addWidget(label, row, col);
   };
+  // The Expert's counts, as narrow as their figures.
+  auto count = [&](const std::string& name, int row, int col) {
+    QLabel* label = NewLabel(this, Qt::AlignHCenter);
+    binder_.Bind(name, label);
+    grid->addWidget(label, row, col);
+  };
   auto heading = [&](const std::string& name, int row, int col) {
     auto* spread = new SpreadHeading(this);
     binder_.Bind(name, spread);
@@ -72,14 +78,34 @@ StatsWindow::StatsWindow(FrontEnd& front, const WindowModel& model, QWidget* par
     grid->addWidget(label, row, 0);
   };
 
-  caption("lblResults", 0, true);
-  heading("lblWLT1", 0, 1);
-  heading("lblWLT2", 0, 5);
-  grid->addWidget(Rule(this), 1, 0, 1, 8);
+  // Ours on top and at the right: which computer the figures are for, and the Expert's.
+  auto over = [&](const std::string& name, int col, int span) {
+    QLabel* label = NewLabel(this, Qt::AlignHCenter, true);
+    label->setWordWrap(true);
+    binder_.Bind(name, label);
+    grid->addWidget(label, 0, col, 1, span);
+  };
+  over("lblClassic", 1, 7);
+  over("lblExpert", 9, 3);
+  auto* expert_heading = new SpreadHeading(this);
+  // Its columns take the counts' width: the window stays no wider than the game's.
+  expert_heading->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  binder_.Bind("lblExpertWLT", expert_heading);
+  grid->addWidget(expert_heading, 1, 9, 1, 3);
+  grid->setColumnMinimumWidth(8, 12);
+
+  constexpr int kTop = 1;  // the rows below start under our headings
+  caption("lblResults", kTop, true);
+  heading("lblWLT1", kTop, 1);
+  heading("lblWLT2", kTop, 5);
+  grid->addWidget(Rule(this), kTop + 1, 0, 1, 12);
   const char* rows[] = {"lblNoPlayOptions", "lblStackem", "lblBackem",  "lblSwitchem",
                         "lblSmackem",       "lblTakem",   "lblAllGames"};
   for (int i = 1; i <= 7; ++i) {
-    const int row = i + 1;
+    const int row = kTop + i + 1;
+    count(Indexed("lblExpertWins", i), row, 9);
+    count(Indexed("lblExpertLosses", i), row, 10);
+    count(Indexed("lblExpertTies", i), row, 11);
     caption(rows[i - 1], row, i == 7);
     value(Indexed("lblWins", i), row, 1);
     value(Indexed("lblLosses", i), row, 2);
@@ -89,17 +115,23 @@ StatsWindow::StatsWindow(FrontEnd& front, const WindowModel& model, QWidget* par
     value(Indexed("lblTiesPct", i), row, 7);
   }
   grid->setColumnMinimumWidth(4, 24);
-  grid->addWidget(Rule(this), 9, 0, 1, 8);
-  caption("lblStreaks", 10, true);
-  heading("lblWLT3", 10, 1);
-  caption("lblCurrent", 11);
-  value("lblWStreak", 11, 1);
-  value("lblLStreak", 11, 2);
-  value("lblTStreak", 11, 3);
-  caption("lblConsecutive", 12);
-  value(Indexed("lblWins", 8), 12, 1);
-  value(Indexed("lblLosses", 8), 12, 2);
-  value(Indexed("lblTies", 8), 12, 3);
+  grid->addWidget(Rule(this), kTop + 9, 0, 1, 12);
+  caption("lblStreaks", kTop + 10, true);
+  heading("lblWLT3", kTop + 10, 1);
+  caption("lblCurrent", kTop + 11);
+  value("lblWStreak", kTop + 11, 1);
+  value("lblLStreak", kTop + 11, 2);
+  value("lblTStreak", kTop + 11, 3);
+  caption("lblConsecutive", kTop + 12);
+  value(Indexed("lblWins", 8), kTop + 12, 1);
+  value(Indexed("lblLosses", 8), kTop + 12, 2);
+  value(Indexed("lblTies", 8), kTop + 12, 3);
+  count("lblExpertWStreak", kTop + 11, 9);
+  count("lblExpertLStreak", kTop + 11, 10);
+  count("lblExpertTStreak", kTop + 11, 11);
+  count(Indexed("lblExpertWins", 8), kTop + 12, 9);
+  count(Indexed("lblExpertLosses", 8), kTop + 12, 10);
+  count(Indexed("lblExpertTies", 8), kTop + 12, 11);
   grid->setColumnStretch(0, 1);
 
   // A screen reader reads each figure with its row and column, as a table.
@@ -119,6 +151,16 @@ StatsWindow::StatsWindow(FrontEnd& front, const WindowModel& model, QWidget* par
   for (int c = 0; c < 3; ++c) {
     figure(Indexed(figures[c], 8), caption_of("lblConsecutive"), columns[c]);
     figure(std::string("lbl") + "WLT"[c] + "Streak", caption_of("lblCurrent"), columns[c]);
+  }
+  const QString expert = caption_of("lblExpert") + QStringLiteral(", ");
+  const char* expert_figures[] = {"lblExpertWins", "lblExpertLosses", "lblExpertTies"};
+  for (int i = 1; i <= 7; ++i)
+    for (int c = 0; c < 3; ++c)
+      figure(Indexed(expert_figures[c], i), expert + caption_of(rows[i - 1]), columns[c]);
+  for (int c = 0; c < 3; ++c) {
+    figure(Indexed(expert_figures[c], 8), expert + caption_of("lblConsecutive"), columns[c]);
+    figure(std::string("lblExpert") + "WLT"[c] + "Streak", expert + caption_of("lblCurrent"),
+           columns[c]);
   }
 
   auto* buttons = new QHBoxLayout;
