@@ -122,6 +122,10 @@ TEST(JudgeDrawCardTest, StrayCardsAndTheLowEnd) {
   EXPECT_EQ(draw(Hand(front, "1R00000000"), 7), 1);
   EXPECT_EQ(draw(Hand({2, 60, 70, 80, 90, 91, 92, 93, 94, 95}, "1000000000"), 1), 1);
   EXPECT_EQ(draw(Hand(front, "1000000000"), 9) + draw(Hand(front, "0000000000"), 5), 0);
+  // Both inner cards stray: either may go; on equal gains the lower slot does.
+  const std::vector<int> both{5, 15, 20, 60, 10, 50, 65, 75, 85, 95};
+  EXPECT_EQ(draw(Hand(both, "1110011111"), 35), 4);
+  EXPECT_EQ(draw(Hand(both, "1110011111"), 36), 5);
 }
 
 Judgement Dealt(const std::vector<int>& cards) {

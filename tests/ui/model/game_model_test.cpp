@@ -92,16 +92,17 @@ TEST(Options, OpponentAndModeItemsToggleWhicheverIsChosen) {
 
 TEST(Options, RandomDrawsEachOptionAndIsRememberedAsRandomOnly) {
   Game g;
-  g.Press({"chkRandom"});
-  EXPECT_FALSE(g.C("chkBackem").enabled || g.C("mnuOptionsBackem").enabled);
-  g.platform.Script({0.3333f, 0.9f, 0.2f, 0.5f, 0.3334f});  // Stackem and Switchem
-  g.Press({"cmdNew"});
   const auto drawn = [&g] {
     std::string values;
     for (const char* box : {"chkStackem", "chkBackem", "chkSwitchem", "chkSmackem", "chkTakem"})
       values += std::to_string(g.C(box).value);
     return values;
   };
+  g.Press({"chkSmackem", "chkRandom"});
+  EXPECT_EQ(drawn(), "00000");  // the options are Random's to draw
+  EXPECT_FALSE(g.C("chkBackem").enabled || g.C("mnuOptionsBackem").enabled);
+  g.platform.Script({0.3333f, 0.9f, 0.2f, 0.5f, 0.3334f});  // Stackem and Switchem
+  g.Press({"cmdNew"});
   EXPECT_EQ(drawn(), "10100");
   EXPECT_EQ(g.Field("StackSize"), "20");
   EXPECT_EQ(g.C("chkStackem").marked, 1);  // checked options stand out during the game
