@@ -165,6 +165,10 @@ void ResetBetweenGames(GameState& g, int own_draw_count) {
   if (own_draw_count > 0) g.draw_count = own_draw_count;
 }
 
+void Restore(GameState& g, const GameState& earlier) {
+  g = earlier;
+}
+
 bool IsLegal(const GameState& g, const Move& m) {
   if (m.side != kSideA && m.side != kSideB) return false;
   if (g.phase == Phase::kDecided || g.turn_owner != m.side) return false;

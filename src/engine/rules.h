@@ -41,6 +41,9 @@ bool InstallDeal(GameState& g, const DealtCards& deal);
 // the Draw Pile length `own_draw_count` back (0 keeps the current one).
 void ResetBetweenGames(GameState& g, int own_draw_count);
 
+// Takes the game back to an earlier position of the same game, kept whole before a move (Undo).
+void Restore(GameState& g, const GameState& earlier);
+
 bool IsLegal(const GameState& g, const Move& m);
 // Every legal move of `side`, each outcome once (a swap of p and q is listed as p < q only).
 std::vector<Move> LegalMoves(const GameState& g, int side);

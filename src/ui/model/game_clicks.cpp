@@ -98,6 +98,7 @@ bool GameModel::ClickControl(std::string_view name) {
                           &cmdQuitReceived, &cmdExitReceived, &cmdClickHere})
     if (c == prompt) return AcknowledgePrompt(*prompt), true;
   if (c == &mnuHint) return AskHint();
+  if (c == &mnuEditUndo) return Undo();
   if (c == &mnuPopupCardDiscard) return CardPopup(true);
   if (c == &mnuPopupCardDraw) return CardPopup(false);
   if (c == &lblDiscardPile) return ClickDiscardPile();

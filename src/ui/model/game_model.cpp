@@ -122,6 +122,9 @@ GameModel::GameModel(Platform& platform, std::string settings_path)
   Set(mnuPopupCardDraw, "Replace with Draw Pile card");
   Set(mnuHint, "&Hint", "Ask what the computer would do in your place (key H)");
   mnuHint.enabled = false;
+  Set(mnuEdit, "&Edit");
+  Set(mnuEditUndo, "&Undo", "Take back your last move and the computer's reply (Ctrl+Z)");
+  mnuEditUndo.enabled = false;
   RegisterControls();
 }
 
@@ -223,6 +226,8 @@ void GameModel::RegisterControls() {
   Register("mnuPopupCardDraw", mnuPopupCardDraw);
   RegisterArray("StatusBar1.Panel", StatusBar1, 1, 4);
   Register("mnuHint", mnuHint);
+  Register("mnuEdit", mnuEdit);
+  Register("mnuEditUndo", mnuEditUndo);
   Register("lblPrompt", lblPrompt);
   RegisterArray("lblMoveList", lblMoveList, 1, kMoveListSize);
 }

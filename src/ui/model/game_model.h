@@ -21,6 +21,7 @@
 #include "ui/model/hint_model.h"
 #include "ui/model/platform.h"
 #include "ui/model/prompt_line.h"
+#include "ui/model/undo_point.h"
 
 namespace bq {
 
@@ -122,7 +123,7 @@ class GameModel : public WindowModel {
   // A game that would be recorded if it were played out: dealt, undecided, not in Learn Mode.
   // Quitting it or leaving the program loses it.
   bool counted_game_running() const {
-    return game_running_ && !game_over_ && !learn_mode_ &&
+    return game_running_ && !game_over_ && !learn_mode_ && !undo_used_ &&
            session_.phase() != net::Session::Phase::kInviting && !cmdInvitationRejected.visible;
   }
   // Ours, kept in the settings file: whether the window asks before such a game is abandoned.
@@ -173,6 +174,8 @@ class GameModel : public WindowModel {
   Control lblPrompt;
   // Ours too: the Hint command.
   Control mnuHint;
+  // Ours: the Edit menu, whose Undo takes back the player's last move and the computer's reply.
+  Control mnuEdit, mnuEditUndo;
   // Ours: the moves of this game in words, newest at 1; empty entries are blank.
   static constexpr int kMoveListSize = 20;
   std::array<Control, kMoveListSize + 1> lblMoveList;
@@ -331,6 +334,14 @@ class GameModel : public WindowModel {
   bool AskHint();
   void ShowHint();
 
+  // Undo (game_undo.cpp): a point kept before each of side A's moves in play against the
+  // computer; taking one back restores the game and refreshes the board from it.
+  bool UndoAvailable() const;
+  void KeepUndoPoint(const Move& m);
+  void NoteDrawSeen(const Move& m);
+  bool Undo();
+  void ShowDrawLooked();  // the Draw Pile card turned over for side A, which must take or pass it
+
   Platform& platform_;
   std::string settings_path_;
   GameState g_;
@@ -399,6 +410,10 @@ class GameModel : public WindowModel {
   int event_depth_ = 0;
 
   HintModel hint_;
+
+  std::vector<UndoPoint> undo_points_;
+  bool undo_used_ = false;  // the game is no longer counted
+  std::array<DrawSeen, kDeckSize + 1> draw_seen_{};
 };
 
 }  // namespace bq

@@ -52,6 +52,7 @@ void GameModel::EndEvent() {
   RefreshQuit();
   // The computer is chosen whenever the opponent may be: between games, never during one.
   mnuComputerClassic.enabled = mnuComputerExpert.enabled = mnuVsComputer.enabled;
+  mnuEditUndo.enabled = UndoAvailable();
   if (!AwaitingOpponent()) {
     waiting_since_ms_ = -1;
     silence_told_ = false;

@@ -281,6 +281,9 @@ void GameModel::BeginGameFlags() {
   game_running_ = true;
   game_over_ = false;
   shown_face_up_ = learn_mode_ || judgement_shown_;
+  undo_points_.clear();
+  undo_used_ = false;
+  draw_seen_.fill(DrawSeen::kNo);
 }
 
 // New Game as the opponent choice offers it between games; during a game it stays out of reach.

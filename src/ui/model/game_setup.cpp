@@ -253,8 +253,9 @@ void GameModel::RevealBoard() {
 }
 
 void GameModel::RecordResult(Outcome outcome) {
-  // A game in which the opponent's cards were on show counts no more than a Learn Mode game.
-  if (learn_mode_ || shown_face_up_) return;
+  // A game in which the opponent's cards were on show, or a move was taken back, counts no more
+  // than a Learn Mode game.
+  if (learn_mode_ || shown_face_up_ || undo_used_) return;
   Settings s = LoadSettings(settings_path_);  // the file is the authority for the statistics
   // Games against the Expert are kept apart from the Classic computer's figures.
   const int kind = !vs_computer_ ? kVsHumans : ExpertPlaying() ? kVsExpert : kVsComputer;

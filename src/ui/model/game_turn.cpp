@@ -127,6 +127,13 @@ bool GameModel::ClickDrawPile() {
   if (selecting_ == Selecting::kSmackemA || selecting_ == Selecting::kTakemA)
     selecting_ = Selecting::kNone;
   PlayClick();
+  if (vs_computer_) draw_seen_[static_cast<size_t>(g_.DrawTop())] = DrawSeen::kLookedAt;
+  ShowDrawLooked();
+  RelayClick(net::Look{});
+  return true;
+}
+
+void GameModel::ShowDrawLooked() {
   lblDiscardPile.marked = 0;
   lblDrawPile.caption = CardFace(g_.DrawTop());
   lblDrawPile.marked = 1;
@@ -138,8 +145,6 @@ bool GameModel::ClickDrawPile() {
   for (Control* c : {&cmdSetupSmackemA, &cmdSetupTakemA, &cmdSmackemA, &cmdTakemA})
     c->enabled = false;
   if (!fast_mode_) Prompt(cmdPlayA);
-  RelayClick(net::Look{});
-  return true;
 }
 
 bool GameModel::ClickCardA(int slot) {
@@ -209,7 +214,17 @@ bool GameModel::CardPopup(bool discard) {
 // Every move of either side is made by the referee; the counts, the move list and the
 // computer's judgement follow it. A move the referee refuses changes nothing.
 bool GameModel::Play(const Move& m) {
-  if (!Apply(g_, m, platform_)) return false;
+  const auto points = undo_points_.size();
+  const int draw_pos = g_.draw_pos;
+  KeepUndoPoint(m);
+  NoteDrawSeen(m);
+  if (!Apply(g_, m, platform_)) {
+    undo_points_.erase(undo_points_.begin() + static_cast<std::ptrdiff_t>(points),
+                       undo_points_.end());
+    return false;
+  }
+  // A renewed Draw Pile is a fresh shuffle: nothing in it has been seen yet.
+  if (g_.draw_pos < draw_pos) draw_seen_.fill(DrawSeen::kNo);
   shown_a_.Applied(g_, m);
   if (vs_computer_) {
     seat_.Applied(g_, m);

@@ -58,6 +58,11 @@ void GameWindow::BuildMenus() {
   binder_.Bind("mnuHint", hint);
   connect(hint, &QAction::triggered, this, [this] { front_.Click("mnuHint"); });
 
+  // Ours: Edit, with Undo, just before Help.
+  QMenu* edit = menuBar()->addMenu(QString());
+  binder_.Bind("mnuEdit", edit->menuAction());
+  NamedAction("mnuEditUndo", edit, false)->setShortcut(QKeySequence::Undo);
+
   QMenu* help = menuBar()->addMenu(QString());
   binder_.Bind("mnuHelp", help->menuAction());
   NamedAction("mnuHelpHowToPlay", help, false)->setShortcut(QKeySequence(Qt::Key_F1));

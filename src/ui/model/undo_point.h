@@ -1,0 +1,31 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "ai/chosen_seat.h"
+#include "ai/seat_view.h"
+#include "engine/game_state.h"
+
+namespace bq {
+
+// The game as it stood before one of the player's moves against the computer, whole: taking it
+// back takes back that move and the computer's reply. The computer's seat is a value, so its
+// memory goes back with the cards.
+struct UndoPoint {
+  GameState state;
+  ai::ChosenSeat seat;
+  ai::ShownCards shown_a;
+  bool first_turn = false;
+  std::vector<std::string> move_list;  // captions 1..n, newest first
+  // The opponent's row as the player saw it: after a special move it stays on show with the
+  // cards not yet seen face down.
+  std::array<std::string, kMaxStackSize + 1> row_b;
+  std::array<bool, kMaxStackSize + 1> row_b_visible{};
+};
+
+// What side A has seen of a Draw Pile card during a game.
+enum class DrawSeen : unsigned char { kNo, kShownByComputer, kLookedAt };
+
+}  // namespace bq
