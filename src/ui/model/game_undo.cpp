@@ -14,20 +14,16 @@ constexpr const char* kNotCounted = "Undo: this game will not be counted in the 
 // Side A's ordinary turn with nothing held or being picked; a Draw Pile card turned over this
 // turn is no obstacle: it is undone with the rest.
 bool GameModel::UndoAvailable() const {
-  return vs_computer_ && game_running_ && !game_over_ && !undo_points_.empty() &&
-         g_.phase == Phase::kPlay && g_.turn_owner == kSideA && pending_ == Pending::kNone &&
-         selecting_ == Selecting::kNone;
+  return game_running_ && !game_over_ && !undo_points_.empty() && g_.phase == Phase::kPlay &&
+         g_.turn_owner == kSideA && pending_ == Pending::kNone && selecting_ == Selecting::kNone;
 }
 
+// Never against a person: both copies would have to agree to take a move back.
 void GameModel::KeepUndoPoint(const Move& m) {
   if (!vs_computer_ || m.side != kSideA || g_.phase != Phase::kPlay) return;
-  UndoPoint p{g_, seat_, shown_a_, first_turn_, {}, {}, {}};
+  UndoPoint p{g_, seat_, shown_a_, first_turn_, {}};
   for (int i = 1; i <= kMoveListSize; ++i)
     p.move_list.push_back(lblMoveList[static_cast<size_t>(i)].caption);
-  for (int k = 1; k <= kMaxStackSize; ++k) {
-    p.row_b[static_cast<size_t>(k)] = lblCardB[static_cast<size_t>(k)].caption;
-    p.row_b_visible[static_cast<size_t>(k)] = lblCardB[static_cast<size_t>(k)].visible;
-  }
   undo_points_.push_back(std::move(p));
 }
 
@@ -58,14 +54,9 @@ bool GameModel::Undo() {
   news_base_ = g_;
   for (int i = 1; i <= kMoveListSize; ++i)
     lblMoveList[static_cast<size_t>(i)].caption = p.move_list[static_cast<size_t>(i - 1)];
-  for (int k = 1; k <= kMaxStackSize; ++k) {
-    lblCardB[static_cast<size_t>(k)].caption = p.row_b[static_cast<size_t>(k)];
-    lblCardB[static_cast<size_t>(k)].visible = p.row_b_visible[static_cast<size_t>(k)];
-  }
-  if (learn_mode_ || judgement_shown_) {
-    for (int k = 1; k <= N(); ++k) ShowCardB(k);
-    RefreshSlotVisibility();
-  }
+  // The opponent's row as at a turn's start: hidden unless the player watches.
+  for (int k = 1; k <= N(); ++k) ShowCardB(k);
+  RefreshSlotVisibility();
   TakeJudgement();
   RefreshGoodBad();
   RefreshMoveCounts();

@@ -19,10 +19,6 @@ struct UndoPoint {
   ai::ShownCards shown_a;
   bool first_turn = false;
   std::vector<std::string> move_list;  // captions 1..n, newest first
-  // The opponent's row as the player saw it: after a special move it stays on show with the
-  // cards not yet seen face down.
-  std::array<std::string, kMaxStackSize + 1> row_b;
-  std::array<bool, kMaxStackSize + 1> row_b_visible{};
 };
 
 // What side A has seen of a Draw Pile card during a game.
