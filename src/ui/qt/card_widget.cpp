@@ -4,6 +4,7 @@
 #include <QContextMenuEvent>
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QHash>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
@@ -12,7 +13,10 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <algorithm>
+#include <bitset>
 #include <cmath>
+#include <memory>
+#include <vector>
 
 #include "engine/cards.h"
 
@@ -340,19 +344,104 @@ void PromptButton::setStandsOut(bool on) {
   update();
 }
 
+namespace {
+
+// What wrapping a caption needs of one font: word advances, shared by every button, and the
+// height of a block of so many lines.
+struct Wrapping {
+  QFont font;
+  double space = 0;
+  // A word's advance, and how far its last letter reaches past it.
+  QHash<QString, std::pair<double, double>> words;
+  std::map<int, int> heights;         // by line count
+  std::bitset<128> checked, missing;  // characters looked for in the font
+};
+
+Wrapping& WrappingFor(const QFont& font) {
+  static std::vector<std::unique_ptr<Wrapping>> known;
+  for (const auto& w : known)
+    if (w->font == font) return *w;
+  if (known.size() > 8) known.erase(known.begin());  // fonts of sizes long gone
+  known.push_back(std::make_unique<Wrapping>());
+  known.back()->font = font;
+  known.back()->space = QFontMetricsF(font).horizontalAdvance(QLatin1Char(' '));
+  return *known.back();
+}
+
+// Words of letters and digits with full stops, commas and apostrophes break only at their single
+// blanks, and every character is the font's own, so every line is as high as the font.
+bool PlainWords(const QString& lines, Wrapping& w, const QFontMetricsF& fm) {
+  for (const QChar c : lines) {
+    const char16_t u = c.unicode();
+    const bool plain = (u >= 'a' && u <= 'z') || (u >= 'A' && u <= 'Z') || (u >= '0' && u <= '9') ||
+                       u == ' ' || u == '\n' || u == '.' || u == ',' || u == '\'';
+    if (!plain) return false;
+    if (!w.checked[u]) {
+      w.checked[u] = true;
+      w.missing[u] = u != '\n' && !fm.inFont(c);
+    }
+    if (w.missing[u]) return false;
+  }
+  return !lines.contains(QLatin1String("  "));
+}
+
+// Lines as the text layout wraps them: a word goes on when the line, its blank, the word and
+// whatever of its last letter reaches past its advance fit the width.
+int WrappedLines(const QString& lines, double width, Wrapping& w, const QFontMetricsF& fm) {
+  int count = 0;
+  for (const QStringView paragraph : QStringView(lines).split(QLatin1Char('\n'))) {
+    double line = -1;  // none yet
+    for (const QStringView word : paragraph.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+      const QString key = word.toString();
+      auto it = w.words.constFind(key);
+      if (it == w.words.cend())
+        it = w.words.insert(
+            key, {fm.horizontalAdvance(key), std::max(0.0, -fm.rightBearing(word.back()))});
+      const auto [advance, overhang] = it.value();
+      if (line >= 0 && line + w.space + advance + overhang <= width) {
+        line += w.space + advance;
+      } else {
+        ++count;
+        line = advance;
+      }
+    }
+    if (line < 0) ++count;
+  }
+  return count;
+}
+
+}  // namespace
+
 int PromptButton::heightForWidth(int width) const {
-  // Laying out wrapped text is slow and the area asks every button at the same few widths.
+  // Laying out wrapped text is slow and the area asks every button at several widths while the
+  // window starts: plain captions are wrapped from their words' advances, which every button
+  // shares, and their height is that of as many lines of the font.
+  const QFontMetricsF fm(font());
   if (text() != measured_text_ || font() != measured_font_) {
     measured_text_ = text();
     measured_font_ = font();
+    measured_lines_ = Lines(text());
+    plain_ = PlainWords(measured_lines_, WrappingFor(font()), fm);
     heights_.clear();
   }
   auto [known, fresh] = heights_.emplace(width, 0);
-  if (fresh) {
-    const QRect bounds = fontMetrics().boundingRect(
-        TextRect(QRect(0, 0, width, 10000)), Qt::AlignCenter | Qt::TextWordWrap, Lines(text()));
-    known->second = std::max(bounds.height() + 12, fontMetrics().height() * 2 + 12);
+  if (!fresh) return known->second;
+  const QRect room = TextRect(QRect(0, 0, width, 10000));
+  const int flags = Qt::AlignCenter | Qt::TextWordWrap;
+  int height = 0;
+  if (plain_) {
+    Wrapping& w = WrappingFor(font());
+    const int n = WrappedLines(measured_lines_, room.width(), w, fm);
+    auto [block, new_count] = w.heights.emplace(n, 0);
+    if (new_count) {
+      const QString sample = QStringLiteral("x\n").repeated(n).chopped(1);
+      block->second = fontMetrics().boundingRect(room, flags, sample).height();
+    }
+    height = block->second;
+  } else {
+    height = fontMetrics().boundingRect(room, flags, measured_lines_).height();
   }
+  known->second = std::max(height + 12, fontMetrics().height() * 2 + 12);
   return known->second;
 }
 

@@ -89,8 +89,9 @@ class PromptButton : public QPushButton {
   QRect TextRect(const QRect& rect) const;
   bool stands_out_ = false;
   mutable std::map<int, int> heights_;  // by width, for measured_text_ in measured_font_
-  mutable QString measured_text_;
+  mutable QString measured_text_, measured_lines_;
   mutable QFont measured_font_;
+  mutable bool plain_ = false;  // wrapped from word advances
 };
 
 // A heading whose blank-separated words stand over equal columns below it ("Wins   Losses   Ties"
