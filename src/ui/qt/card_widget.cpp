@@ -132,12 +132,12 @@ void PaintBackCached(QPainter& p, const QRectF& outer, const QRectF& r, bool que
 QFont CardFont() {
   static const QFont font = [] {
     // Named, so that every desktop draws the same faces; without it, the desktop's fixed-pitch
-    // font, whose measured metrics the board then follows.
+    // font, whose measured metrics the board then follows. The font database answers whether it
+    // is there: loading the font to ask would cost the start as much as a font the board uses.
     QFont f(QStringLiteral("DejaVu Sans Mono"));
     f.setStyleHint(QFont::TypeWriter);
     f.setFixedPitch(true);
-    const QFontInfo info(f);
-    if (!info.fixedPitch() || info.family() != f.family())
+    if (!QFontDatabase::hasFamily(f.family()) || !QFontDatabase::isFixedPitch(f.family()))
       f = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     return f;
   }();
