@@ -9,7 +9,6 @@
 #include <QPainterPath>
 #include <QPixmap>
 #include <QPixmapCache>
-#include <QRegularExpression>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <algorithm>
@@ -335,8 +334,20 @@ QRect PromptButton::TextRect(const QRect& rect) const {
 }
 
 QString PromptButton::Lines(const QString& caption) {
-  static const QRegularExpression run(QStringLiteral(" {2,}"));
-  return caption.trimmed().split(run, Qt::SkipEmptyParts).join(QLatin1Char('\n'));
+  // By hand: a regular expression would load its library for this alone.
+  const QString text = caption.trimmed();
+  QString lines;
+  lines.reserve(text.size());
+  for (qsizetype i = 0; i < text.size();) {
+    if (text[i] != QLatin1Char(' ')) {
+      lines += text[i++];
+      continue;
+    }
+    const qsizetype start = i;
+    while (i < text.size() && text[i] == QLatin1Char(' ')) ++i;
+    lines += i - start > 1 ? QLatin1Char('\n') : QLatin1Char(' ');
+  }
+  return lines;
 }
 
 void PromptButton::setStandsOut(bool on) {
