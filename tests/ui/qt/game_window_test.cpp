@@ -389,6 +389,25 @@ class GameWindowTest : public QObject {
     QCOMPARE(saved.left, std::floor(float(200 * twips)));
     QCOMPARE(saved.top, std::floor(float(120 * twips)));
   }
+
+  // The prompts' heights are counted from word widths; Qt's own wrapping is the judge, for
+  // every caption, in both modes, at the widths the area can be given.
+  void promptHeightsAgreeWithQtsWrapping() {
+    Session s;
+    for (const bool fast : {false, true}) {
+      if (fast) Press(s.find("optFastModeOn"));
+      for (PromptButton* button : s.window()->findChildren<PromptButton*>()) {
+        const QFontMetrics fm(button->font());
+        for (int width = 120; width <= 900; width += 13) {
+          const QRect text =
+              fm.boundingRect(QRect(0, 0, width - 20, 10000), Qt::AlignCenter | Qt::TextWordWrap,
+                              PromptButton::Lines(button->text()));
+          QCOMPARE(button->heightForWidth(width),
+                   std::max(text.height() + 12, fm.height() * 2 + 12));
+        }
+      }
+    }
+  }
 };
 
 QTEST_MAIN(GameWindowTest)
