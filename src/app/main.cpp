@@ -1,9 +1,12 @@
 #include <unistd.h>
 #include <QApplication>
 #include <QCoreApplication>
+#include <QEvent>
 #include <QTimer>
+#include <QWidget>
 #include <csignal>
 #include <cstdlib>
+#include <functional>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -34,6 +37,28 @@ bool HasDisplay(const std::vector<std::string>& qt_args) {
   }
   return false;
 }
+
+// Runs `then` once, just after `window` has been painted for the first time.
+class AfterFirstPaint : public QObject {
+ public:
+  AfterFirstPaint(QWidget* window, std::function<void()> then)
+      : QObject(window), then_(std::move(then)) {
+    window->installEventFilter(this);
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint) {
+      watched->removeEventFilter(this);
+      QTimer::singleShot(0, this, [this] {
+        then_();
+        deleteLater();
+      });
+    }
+    return false;
+  }
+
+ private:
+  std::function<void()> then_;
+};
 
 }  // namespace
 
@@ -133,8 +158,13 @@ int main(int argc, char** argv) {
   // that was set aside is told over the window too.
   if (!check.message.empty()) platform.ShowNotice(Printable(check.message));
   // Every window takes the application's icon. Reading its eight sizes and handing them to the
-  // window system takes as long as a good part of the start-up, so it comes after the first frame.
-  QTimer::singleShot(0, &app, [data_dir] { QApplication::setWindowIcon(AppIcon(data_dir)); });
+  // window system takes as long as a good part of the start-up, so it comes after the first frame
+  // (a zero timer alone would fire before it).
+  const auto set_icon = [data_dir] { QApplication::setWindowIcon(AppIcon(data_dir)); };
+  if (QWidget* game = front.View("frmGame"))
+    new AfterFirstPaint(game, set_icon);
+  else
+    QTimer::singleShot(0, &app, set_icon);
   RunOnTerminationSignals(&front, [&front] { front.Close("frmGame"); });
   const int code = QApplication::exec();
   platform.set_host(nullptr);
