@@ -94,9 +94,11 @@ void BoardTable::SetStackSize(int n) {
 BoardTable::Fonts BoardTable::FontsFor(double font_px) const {
   // Every text on the table follows the cards, below the window's font too: at small cards a
   // heading in the desktop's size would dwarf the numerals it names.
+  // The slot keys take the face font: it has the Shift arrow, which the desktop's font may lack
+  // and would then fetch from a fallback font at every size.
   const double beside = font_px * kBeside;
-  return {Sized(CardFont(), beside, false), Sized(font(), beside, false),
-          Sized(font(), beside, false), Sized(font(), beside, true)};
+  const QFont mono = Sized(CardFont(), beside, false);
+  return {mono, mono, Sized(font(), beside, false), Sized(font(), beside, true)};
 }
 
 const BoardTable::TextRoom& BoardTable::TextsAt(double font_px) const {
