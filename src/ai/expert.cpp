@@ -32,41 +32,66 @@ int Step(const SeatView& v) {
 Expert::Expert() : Expert(Weights{}) {}
 
 Expert::Expert(const Weights& w) : weights_(w) {
-  for (auto& row : gap_) row.fill(kNever);
-  gap_[0].fill(0);
   for (int g = 1; g <= kMaxStackSize; ++g) {
     double slots_waiting = 0;
     for (int j = 1; j <= g; ++j) slots_waiting += std::pow(j, -w.sharing);
-    for (int numbers = g; numbers <= kDeckSize; ++numbers)
-      gap_[At(g)][At(numbers)] = (100.0 * g / numbers) * slots_waiting;
+    gap_[At(g)] = g * slots_waiting;
   }
 }
 
-// The cheapest chain of kept cards from the sentinel 0 to the sentinel 101.
-double Expert::AscendingWork(const int* cards, int n) const {
-  const double wait = n > 10 ? weights_.wait_stackem : weights_.wait;
+// For every two cards lo < hi, the inverse of how many pool cards lie between them (at least
+// half a card, so that a gap nothing can fill is dear but still comparable).
+static void FillScarcity(Expert::Pool& p, const std::array<int, kDeckSize + 3>& below) {
+  for (int lo = 0; lo <= kDeckSize + 1; ++lo)
+    for (int hi = lo + 1; hi <= kDeckSize + 1; ++hi)
+      p.scarcity[At(lo)][At(hi)] =
+          static_cast<float>(1.0 / std::max(0.5, double(below[At(hi)] - below[At(lo + 1)])));
+}
+
+Expert::Pool Expert::Unseen(const SeatView& v) {
+  Pool p;
+  std::array<int, kDeckSize + 3> below{};
+  std::array<bool, kDeckSize + 2> in{};
+  for (const int c : v.unseen) in[At(c)] = true;
+  for (int c = 1; c <= kDeckSize + 2; ++c) below[At(c)] = below[At(c - 1)] + in[At(c - 1)];
+  p.size = static_cast<int>(v.unseen.size());
+  FillScarcity(p, below);
+  return p;
+}
+
+// The cheapest chain of kept cards from the sentinel 0 to the sentinel 101. A gap waits for the
+// pool's cards between its two kept cards; `mirrored` cards count the pool from the top.
+double Expert::AscendingWork(const int* cards, int n, const Pool& pool, bool mirrored) const {
+  const double wait = (n > 10 ? weights_.wait_stackem : weights_.wait) * pool.size;
   std::array<int, kMaxStackSize + 2> v{};
   std::array<double, kMaxStackSize + 2> best{};
-  for (int k = 1; k <= n; ++k) v[At(k)] = cards[k];
+  for (int k = 1; k <= n; ++k) v[At(k)] = mirrored ? kDeckSize + 1 - cards[k] : cards[k];
   v[At(n + 1)] = kDeckSize + 1;
   for (int b = 1; b <= n + 1; ++b) {
     double least = kNever;
+    const int vb = v[At(b)];
     for (int a = 0; a < b; ++a) {
-      const int numbers = v[At(b)] - v[At(a)] - 1;
-      if (numbers < b - a - 1) continue;
-      least = std::min(least, best[At(a)] + (b - a - 1) + wait * gap_[At(b - a - 1)][At(numbers)]);
+      const int slots = b - a - 1;
+      const int va = v[At(a)];
+      if (vb - va - 1 < slots) continue;
+      double cost = best[At(a)] + slots;
+      if (slots > 0) {
+        const float scarce = mirrored
+                                 ? pool.scarcity[At(kDeckSize + 1 - vb)][At(kDeckSize + 1 - va)]
+                                 : pool.scarcity[At(va)][At(vb)];
+        cost += wait * gap_[At(slots)] * scarce;
+      }
+      least = std::min(least, cost);
     }
     best[At(b)] = least;
   }
   return best[At(n + 1)];
 }
 
-double Expert::Work(const StackCards& cards, int n, bool backem) const {
-  const double up = AscendingWork(cards.data(), n);
+double Expert::Work(const StackCards& cards, int n, bool backem, const Pool& pool) const {
+  const double up = AscendingWork(cards.data(), n, pool, false);
   if (!backem) return up;
-  StackCards mirrored{};
-  for (int k = 1; k <= n; ++k) mirrored[At(k)] = kDeckSize + 1 - cards[At(k)];
-  return std::min(up, AscendingWork(mirrored.data(), n));
+  return std::min(up, AscendingWork(cards.data(), n, pool, true));
 }
 
 // The opponent probably wants a card unless its shown card in the slot the card would suit
@@ -84,10 +109,10 @@ double Expert::Gift(const SeatView& v, int card) const {
 
 // The work after one more turn played by the one-turn judgement: a Discard Pile card, else a
 // look at the Draw Pile card, each as likely as any unseen card.
-double Expert::NextTurnWork(const SeatView& v, const StackCards& cards) const {
+double Expert::NextTurnWork(const SeatView& v, const Pool& pool, const StackCards& cards) const {
   const int n = v.stack_size;
   const bool backem = v.options[kBackem];
-  const double now = Work(cards, n, backem);
+  const double now = Work(cards, n, backem, pool);
   std::array<double, kDeckSize + 1> placed{};
   double look = 0;
   int count = 0;
@@ -98,7 +123,7 @@ double Expert::NextTurnWork(const SeatView& v, const StackCards& cards) const {
     for (int k = 1; k <= n; ++k) {
       const int old = trial[At(k)];
       trial[At(k)] = card;
-      best = std::min(best, Work(trial, n, backem) + Gift(v, old));
+      best = std::min(best, Work(trial, n, backem, pool) + Gift(v, old));
       trial[At(k)] = old;
     }
     placed[At(count++)] = best;
@@ -113,25 +138,26 @@ double Expert::NextTurnWork(const SeatView& v, const StackCards& cards) const {
 
 // The best place for `card` by the work after the next turn; only the `shortlist` places that
 // the one-turn work ranks best are looked at so far ahead.
-Expert::Choice Expert::BestPlace(const SeatView& v, int card, bool may_pass, int shortlist) const {
+Expert::Choice Expert::BestPlace(const SeatView& v, const Pool& pool, int card, bool may_pass,
+                                 int shortlist) const {
   const int n = v.stack_size;
   std::array<std::pair<double, int>, kMaxStackSize> ranked{};
   StackCards cards = v.own;
   for (int k = 1; k <= n; ++k) {
     const int old = cards[At(k)];
     cards[At(k)] = card;
-    ranked[At(k - 1)] = {Work(cards, n, v.options[kBackem]) + Gift(v, old), k};
+    ranked[At(k - 1)] = {Work(cards, n, v.options[kBackem], pool) + Gift(v, old), k};
     cards[At(k)] = old;
   }
   shortlist = std::min(shortlist, n);
   std::partial_sort(ranked.begin(), ranked.begin() + shortlist, ranked.begin() + n);
   Choice best{kNever, 0};
-  if (may_pass) best = {NextTurnWork(v, v.own) + Gift(v, card), 0};
+  if (may_pass) best = {NextTurnWork(v, pool, v.own) + Gift(v, card), 0};
   for (int i = 0; i < shortlist; ++i) {
     const int k = ranked[At(i)].second;
     const int old = cards[At(k)];
     cards[At(k)] = card;
-    const double work = NextTurnWork(v, cards) + Gift(v, old);
+    const double work = NextTurnWork(v, pool, cards) + Gift(v, old);
     cards[At(k)] = old;
     if (work < best.work) best = {work, k};
   }
@@ -140,18 +166,19 @@ Expert::Choice Expert::BestPlace(const SeatView& v, int card, bool may_pass, int
 
 std::optional<Move> Expert::Decide(const SeatView& v) const {
   constexpr int kShortlist = 3;
+  const Pool pool = Unseen(v);
   if (v.draw_top != 0) {
-    const Choice c = BestPlace(v, v.draw_top, true, kShortlist);
+    const Choice c = BestPlace(v, pool, v.draw_top, true, kShortlist);
     if (c.slot == 0) return Move{MoveKind::kPass, v.side};
     return Move{MoveKind::kTakeDraw, v.side, c.slot};
   }
-  const Choice take = BestPlace(v, v.discard_top, false, kShortlist);
-  const double keep = NextTurnWork(v, v.own);
+  const Choice take = BestPlace(v, pool, v.discard_top, false, kShortlist);
+  const double keep = NextTurnWork(v, pool, v.own);
   double look = 0;
   int count = 0;
   for (size_t i = 0; i < v.unseen.size(); i += At(Step(v))) {
     const int card = v.unseen[i];
-    look += std::min(keep + Gift(v, card), BestPlace(v, card, false, 1).work);
+    look += std::min(keep + Gift(v, card), BestPlace(v, pool, card, false, 1).work);
     ++count;
   }
   if (count > 0) look /= count;
@@ -164,7 +191,7 @@ std::optional<Move> Expert::Decide(const SeatView& v) const {
     for (int t = 1; t <= v.stack_size; ++t) {
       const int card = v.theirs[At(t)];
       if (card == 0) continue;
-      const Choice c = BestPlace(v, card, false, 1);
+      const Choice c = BestPlace(v, pool, card, false, 1);
       if (c.work < best.work) {
         best = c;
         their_slot = t;
@@ -180,13 +207,14 @@ std::optional<Move> Expert::Decide(const SeatView& v) const {
 Move Expert::Opening(const SeatView& v) const {
   const int n = v.stack_size;
   const bool backem = v.options[kBackem];
+  const Pool pool = Unseen(v);
   Move best{MoveKind::kSwitchem, v.side, 0, 0};
-  double least = v.side == kSideB ? Work(v.own, n, backem) : kNever;
+  double least = v.side == kSideB ? Work(v.own, n, backem, pool) : kNever;
   StackCards cards = v.own;
   for (int p = 1; p <= n; ++p) {
     for (int q = p + 1; q <= n; ++q) {
       std::swap(cards[At(p)], cards[At(q)]);
-      const double work = Work(cards, n, backem);
+      const double work = Work(cards, n, backem, pool);
       std::swap(cards[At(p)], cards[At(q)]);
       if (work < least) {
         least = work;
@@ -206,13 +234,15 @@ void ExpertSeat::NewGame(const GameState&) {
 Move ExpertSeat::Choose(const GameState& g, Rng& rng) {
   const SeatView v = View(g, false);
   const int n = v.stack_size;
+  const Expert::Pool pool = Expert::Unseen(v);
   // Under Backem either direction wins; the Expert names its own before its first move.
   const Move reverse{MoveKind::kBackem, side_};
   if (!direction_named_ && IsLegal(PublicState(v), reverse)) {
     direction_named_ = true;
     StackCards mirrored{};
     for (int k = 1; k <= n; ++k) mirrored[At(k)] = kDeckSize + 1 - v.own[At(k)];
-    if (expert_.Work(mirrored, n, false) < expert_.Work(v.own, n, false)) return reverse;
+    if (expert_.Work(mirrored, n, false, pool) < expert_.Work(v.own, n, false, pool))
+      return reverse;
   }
   if (v.phase == Phase::kOpening) return expert_.Opening(v);
   // Smackem as the Classic computer makes it: near its end, when the Discard Pile card is of no
@@ -226,10 +256,10 @@ Move ExpertSeat::Choose(const GameState& g, Rng& rng) {
     for (int k = 1; k <= n; ++k) {
       const int old = trial[At(k)];
       trial[At(k)] = v.discard_top;
-      best = std::min(best, expert_.Work(trial, n, v.options[kBackem]));
+      best = std::min(best, expert_.Work(trial, n, v.options[kBackem], pool));
       trial[At(k)] = old;
     }
-    if (best >= expert_.Work(v.own, n, v.options[kBackem]) && WantsSmackem(j)) {
+    if (best >= expert_.Work(v.own, n, v.options[kBackem], pool) && WantsSmackem(j)) {
       const float r1 = rng.Uniform();
       const float r2 = rng.Uniform();
       const SmackemChoice s = ChooseSmackem(v.discard_top, n, r1, r2);

@@ -8,9 +8,9 @@ namespace bq::ai {
 
 // The Expert. It values a Stack by the work left to put it in order: it keeps the run of its
 // cards that leaves the least work, and every gap between two kept cards costs its slots to fill
-// plus the wait for cards that fit them, longer the narrower the gap. A move is judged by the
-// work expected after one more turn of its own, each card it may meet there being any card it
-// has not seen, and by how likely the card it gives away is to help the opponent.
+// plus the wait for cards that fit them, longer the fewer of the cards it has not seen fit. A move
+// is judged by the work expected after one more turn of its own, each card it may meet there being
+// any card it has not seen, and by how likely the card it gives away is to help the opponent.
 class Expert {
  public:
   struct Weights {
@@ -27,22 +27,33 @@ class Expert {
   std::optional<Move> Decide(const SeatView& v) const;
   // The Switchem opening: the swap that leaves the least work (side B may keep its Stack).
   Move Opening(const SeatView& v) const;
+  // The cards a seat may still meet: those it has not seen. A card it holds, one on show in the
+  // opponent's Stack or one covered on the Discard Pile fills none of its gaps.
+  struct Pool {
+    // [lo][hi]: one over the number of pool cards between lo and hi (at least a half).
+    std::array<std::array<float, kDeckSize + 2>, kDeckSize + 2> scarcity{};
+    int size = 0;
+  };
+  static Pool Unseen(const SeatView& v);
+
   // The work left in `cards` (slots 1..n); under Backem the cheaper of the two directions.
-  double Work(const StackCards& cards, int n, bool backem) const;
+  double Work(const StackCards& cards, int n, bool backem, const Pool& pool) const;
 
  private:
   struct Choice {
     double work;
     int slot;  // 0: pass the card on
   };
-  double AscendingWork(const int* cards, int n) const;
+  double AscendingWork(const int* cards, int n, const Pool& pool, bool mirrored) const;
   double Gift(const SeatView& v, int card) const;
-  double NextTurnWork(const SeatView& v, const StackCards& cards) const;
-  Choice BestPlace(const SeatView& v, int card, bool may_pass, int shortlist) const;
+  double NextTurnWork(const SeatView& v, const Pool& pool, const StackCards& cards) const;
+  Choice BestPlace(const SeatView& v, const Pool& pool, int card, bool may_pass,
+                   int shortlist) const;
 
   Weights weights_;
-  // The wait for the cards of a gap, unweighted, by [slots][numbers].
-  std::array<std::array<double, kDeckSize + 1>, kMaxStackSize + 1> gap_{};
+  // The wait for the cards of a gap of [slots] slots, to be scaled by the pool's size over the
+  // number of its cards that fit.
+  std::array<double, kMaxStackSize + 1> gap_{};
 };
 
 // The Expert in one seat of a game: it keeps what the seat has seen, builds its view and asks the
