@@ -46,6 +46,35 @@ TEST(ExpertTest, NamedPositions) {
   EXPECT_TRUE(swap.slot1 >= 1 && swap.slot2 > swap.slot1) << ToString(swap);
 }
 
+// Unseen are the cards that were never face up to the seat: not its own, not the Discard Pile's
+// (covered ones too), not the opponent's taken from it, and the Draw Pile card once looked at.
+TEST(SeatViewTest, UnseenLeavesOutEveryCardThatWasFaceUp) {
+  test::ScriptedRng rng(3);
+  GameState g;
+  g.Init();
+  NewGame(g, {}, kSideA, rng);
+  ShownCards shown(kSideB);
+  for (const Move m : {Move{MoveKind::kPass, kSideA}, Move{MoveKind::kPass, kSideB},
+                       Move{MoveKind::kTakeDiscard, kSideA, 4}}) {
+    ASSERT_TRUE(Apply(g, m, rng));
+    shown.Applied(g, m);
+  }
+  ASSERT_EQ(g.buried_count, 2);  // the two passes covered the pile
+  for (const bool looked : {false, true}) {
+    const SeatView v = ViewOf(g, kSideB, shown, looked);
+    EXPECT_EQ(v.theirs[4], g.Card(kSideA, 4));
+    EXPECT_EQ(v.theirs[5], 0);
+    std::vector<int> expected;
+    for (int c = 1; c <= kDeckSize; ++c) {
+      bool seen = c == g.discard_top || c == g.Card(kSideA, 4) || (looked && c == g.DrawTop());
+      for (int k = 1; k <= g.stack_size; ++k) seen = seen || c == g.Card(kSideB, k);
+      for (int k = 1; k <= g.buried_count; ++k) seen = seen || c == g.buried[k];
+      if (!seen) expected.push_back(c);
+    }
+    EXPECT_EQ(v.unseen, expected);
+  }
+}
+
 // The Expert's choice depends only on what its seat can see: shuffling the opponent's face-down
 // cards and the Draw Pile under its top card among themselves never changes it. Without special
 // moves the opponent's cards on show are exactly those it took from the Discard Pile.
