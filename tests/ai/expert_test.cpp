@@ -46,6 +46,28 @@ TEST(ExpertTest, NamedPositions) {
   EXPECT_TRUE(swap.slot1 >= 1 && swap.slot2 > swap.slot1) << ToString(swap);
 }
 
+// Under Backem the seat turns round, before its first move, a Stack that runs downwards.
+TEST(ExpertTest, NamesItsDirectionBeforeItsFirstMove) {
+  for (const bool down : {true, false}) {
+    GameState g;
+    g.Init();
+    g.options[kBackem] = true;
+    g.phase = Phase::kPlay;
+    g.turn_owner = kSideB;
+    for (int k = 1; k <= 10; ++k) {
+      g.Card(kSideA, k) = 2 * k;
+      g.Card(kSideB, k) = down ? 105 - 10 * k : 10 * k - 5;
+    }
+    std::swap(g.Card(kSideB, 3), g.Card(kSideB, 7));
+    g.discard_top = 97;
+    g.draw_cards[1] = 98;
+    ExpertSeat seat(kSideB);
+    seat.NewGame(g);
+    test::ScriptedRng rng(1);
+    EXPECT_EQ(seat.Choose(g, rng).kind == MoveKind::kBackem, down);
+  }
+}
+
 // Unseen are the cards that were never face up to the seat: not its own, not the Discard Pile's
 // (covered ones too), not the opponent's taken from it, and the Draw Pile card once looked at.
 TEST(SeatViewTest, UnseenLeavesOutEveryCardThatWasFaceUp) {
