@@ -324,8 +324,9 @@ class GameModel : public WindowModel {
 
   // The prompt line and highlights (game_prompt.cpp).
   PromptFacts Facts() const;
-  void NoteMove(int side);  // after a counted move: told in words and put on the move list
-  void StartMoveList();     // a game's deal: its moves are told from here
+  // After a counted move made in `before`: told in words and put on the move list.
+  void NoteMove(const GameState& before, const Move& m);
+  void StartMoveList();  // a game's deal: its moves are told from here
   void ClearHighlights();
 
   // The Hint (game_hint.cpp): offered on side A's ordinary turn; its advice is shown on the
@@ -400,9 +401,9 @@ class GameModel : public WindowModel {
   // Side B's move on show until its button (pending_ says which button).
   Move held_;
 
-  // The prompt line: the position after the last counted move, what this event has to tell,
-  // the last result, and the controls lit up.
-  GameState news_base_;
+  // The prompt line: side B's Backem waiting to be told with its move, what this event has to
+  // tell, the last result, and the controls lit up.
+  bool backem_untold_ = false;
   std::string news_;
   std::string result_;
   std::vector<Control*> highlighted_;

@@ -24,7 +24,6 @@ bool GameModel::RightClick(std::string_view name) {
 std::string GameModel::SetField(std::string_view field, std::string_view values) {
   BeginEvent();
   std::string error = SetGameValue(field, values);
-  news_base_ = g_;  // a position set by hand is no move of anybody's
   EndEvent();
   return error;
 }
@@ -80,22 +79,22 @@ void GameModel::ClearHighlights() {
   highlighted_.clear();
 }
 
-void GameModel::NoteMove(int side) {
+void GameModel::NoteMove(const GameState& before, const Move& m) {
   for (size_t i = kMoveListSize; i > 1; --i) lblMoveList[i].caption = lblMoveList[i - 1].caption;
   const bool b_face_up = learn_mode_ || judgement_shown_;
-  lblMoveList[1].caption = MoveEntry(news_base_, g_, side, vs_computer_, opponent_name_, b_face_up);
-  if (side == kSideB) {
-    const MoveNews news = DescribeMoveB(news_base_, g_, vs_computer_, opponent_name_, b_face_up);
+  const bool backem = std::exchange(backem_untold_, false);
+  lblMoveList[1].caption = MoveEntry(before, m, backem, vs_computer_, opponent_name_, b_face_up);
+  if (m.side == kSideB) {
+    const MoveNews news = DescribeMoveB(before, m, backem, vs_computer_, opponent_name_, b_face_up);
     AddNews(news.text);
     for (const std::string& name : news.changed)
       if (Control* c = Find(name)) Highlight(*c, kHighlightBrief);
   }
-  news_base_ = g_;
 }
 
 void GameModel::StartMoveList() {
   shown_a_.NewGame();
-  news_base_ = g_;
+  backem_untold_ = false;
   for (Control& c : lblMoveList) c.caption.clear();
 }
 

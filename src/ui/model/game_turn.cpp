@@ -215,7 +215,7 @@ bool GameModel::CardPopup(bool discard) {
 // computer's judgement follow it. A move the referee refuses changes nothing.
 bool GameModel::Play(const Move& m) {
   const auto points = undo_points_.size();
-  const int draw_pos = g_.draw_pos;
+  const GameState before = g_;
   KeepUndoPoint(m);
   NoteDrawSeen(m);
   if (!Apply(g_, m, platform_)) {
@@ -224,15 +224,19 @@ bool GameModel::Play(const Move& m) {
     return false;
   }
   // A renewed Draw Pile is a fresh shuffle: nothing in it has been seen yet.
-  if (g_.draw_pos < draw_pos) draw_seen_.fill(DrawSeen::kNo);
+  if (g_.draw_pos < before.draw_pos) draw_seen_.fill(DrawSeen::kNo);
   shown_a_.Applied(g_, m);
   if (vs_computer_) {
     seat_.Applied(g_, m);
     TakeJudgement();
   }
-  if (m.kind == MoveKind::kBackem) return true;  // a direction, not a counted move
+  // Side B's direction is no counted move: it is told with the move that follows.
+  if (m.kind == MoveKind::kBackem) {
+    backem_untold_ = m.side == kSideB;
+    return true;
+  }
   RefreshMoveCounts();
-  NoteMove(m.side);
+  NoteMove(before, m);
   return true;
 }
 

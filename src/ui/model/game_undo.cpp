@@ -51,7 +51,6 @@ bool GameModel::Undo() {
   seat_ = std::move(p.seat);
   shown_a_ = p.shown_a;
   first_turn_ = p.first_turn;
-  news_base_ = g_;
   for (int i = 1; i <= kMoveListSize; ++i)
     lblMoveList[static_cast<size_t>(i)].caption = p.move_list[static_cast<size_t>(i - 1)];
   // The opponent's row as at a turn's start: hidden unless the player watches.

@@ -1,6 +1,7 @@
 #include "ui/model/prompt_line.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace bq {
 namespace {
@@ -152,147 +153,129 @@ std::string ResultText(int turn_result, const GameState& g, bool vs_computer,
 
 namespace {
 
-// The slots of each side whose cards differ between two positions. Side B is compared as it is
-// held after the move: a reversal turns the Stack round without changing the screen.
-struct Changes {
-  const GameState& before;
-  const GameState& after;
-  std::vector<int> a, b;
-  bool turned = false;
+// A move's cards as they lay before it. Slots are held as the game holds them; side A's move
+// names the opponent's cards where they are shown, and side B's row may be shown reversed.
+struct Cards {
+  const GameState& g;
+  const Move& m;
 
-  Changes(const GameState& from, const GameState& to) : before(from), after(to) {
-    const int n = after.stack_size;
-    turned = before.opponent_row_reversed != after.opponent_row_reversed;
-    for (int k = 1; k <= n; ++k) {
-      if (before.Card(kSideA, k) != after.Card(kSideA, k)) a.push_back(k);
-      if (OldB(k) != after.Card(kSideB, k)) b.push_back(k);
-    }
+  int Held(int side, int slot) const {
+    return side == kSideB && m.side == kSideA ? g.DisplayPos(slot) : slot;
   }
-  int OldB(int slot) const {
-    return before.Card(kSideB, turned ? after.stack_size + 1 - slot : slot);
+  int Shown(int side, int held) const { return side == kSideB ? g.DisplayPos(held) : held; }
+  int Card(int side, int held) const { return g.Card(side, held); }
+  // The two cards of a swap in `side`'s Stack, lowest slot first.
+  std::pair<int, int> Pair(int side) const {
+    return std::minmax(Held(side, m.slot1), Held(side, m.slot2));
   }
-  int Old(int side, int slot) const {
-    return side == kSideA ? before.Card(kSideA, slot) : OldB(slot);
-  }
-  const std::vector<int>& Of(int side) const { return side == kSideA ? a : b; }
-  // The slot as the board numbers it: side B's row may be held reversed.
-  int Shown(int side, int slot) const { return side == kSideA ? slot : after.DisplayPos(slot); }
-  bool FromDiscard(int side, int slot) const {
-    return after.Card(side, slot) == before.discard_top;
+  // A turn spent, the opening's Stack kept, or a card swapped with itself: no card moved.
+  bool Unchanged() const {
+    return m.kind == MoveKind::kSpendTurn ||
+           ((m.kind == MoveKind::kSwitchem || m.kind == MoveKind::kSmackem) && m.slot1 == m.slot2);
   }
 };
 
 }  // namespace
 
-MoveNews DescribeMoveB(const GameState& before, const GameState& after, bool vs_computer,
+MoveNews DescribeMoveB(const GameState& before, const Move& m, bool backem, bool vs_computer,
                        const std::string& opponent, bool b_face_up) {
   const Who who = Opponent(vs_computer, opponent);
-  const Changes c(before, after);
-  const std::vector<int>& a = c.a;
-  const std::vector<int>& b = c.b;
+  const std::string& s = who.subject;
+  const Cards c{before, m};
   MoveNews news;
-  auto card_a = [&](int slot) { news.changed.push_back("lblCardA(" + Num(slot) + ")"); };
-  auto card_b = [&](int slot) {
-    news.changed.push_back("lblCardB(" + Num(after.DisplayPos(slot)) + ")");
+  const auto lit = [&](int side, int held) {
+    news.changed.push_back((side == kSideA ? "lblCardA(" : "lblCardB(") + Num(c.Shown(side, held)) +
+                           ")");
   };
-  std::string text;
-  if (c.turned)
-    text = who.subject + " reversed " + who.possessive + " direction and now aims for " +
-           (after.opponent_row_reversed ? "descending" : "ascending") + " order.";
-  const std::string s = who.subject;
+  const std::string slot = " for slot " + Num(c.Shown(kSideB, m.slot1));
+  const std::string replaced = Num(c.Card(kSideB, m.slot1));
   std::string what;
-  if (a.empty() && b.size() == 1) {
-    const int placed = after.Card(kSideB, b[0]);
-    const std::string slot = " for slot " + Num(after.DisplayPos(b[0]));
-    if (c.FromDiscard(kSideB, b[0])) {
-      what = s + " took " + Num(placed) + " from the Discard Pile" + slot + " and put " +
-             Num(after.discard_top) + " on it.";
-    } else {
-      // A card from the Draw Pile goes into the Stack unseen.
-      what = s + " took " + (b_face_up ? Num(placed) : std::string("the card")) +
-             " from the Draw Pile" + slot + " and put " + Num(after.discard_top) +
-             " on the Discard Pile.";
-      news.changed.push_back("lblDrawPile");
-    }
-    news.changed.push_back("lblDiscardPile");
-    card_b(b[0]);
-  } else if (a.empty() && b.empty()) {
-    if (after.discard_top != before.discard_top) {
-      what = s + " turned down " + Num(after.discard_top) +
-             " from the Draw Pile; it is now the Discard Pile card.";
-      news.changed.push_back("lblDrawPile");
-      news.changed.push_back("lblDiscardPile");
-    } else if (text.empty()) {
-      what = s + " left " + who.possessive + " Stack as it was.";
-    }
-  } else if (a.size() == 1 && b.size() == 1) {
-    what = s + " used Takem, taking your " + Num(before.Card(kSideA, a[0])) + " for " +
-           who.possessive + " " + Num(after.Card(kSideA, a[0])) + ".";
-    card_a(a[0]);
-    card_b(b[0]);
-  } else if (a.size() == 2 && b.empty()) {
-    what = s + " used Smackem, swapping your " + Num(before.Card(kSideA, a[0])) + " and " +
-           Num(before.Card(kSideA, a[1])) + ".";
-    card_a(a[0]);
-    card_a(a[1]);
-  } else if (a.empty() && b.size() == 2) {
+  if (c.Unchanged()) {
+    if (!backem) what = s + " left " + who.possessive + " Stack as it was.";
+  } else if (m.kind == MoveKind::kTakeDiscard) {
+    what = s + " took " + Num(before.discard_top) + " from the Discard Pile" + slot + " and put " +
+           replaced + " on it.";
+    news.changed = {"lblDiscardPile"};
+    lit(kSideB, m.slot1);
+  } else if (m.kind == MoveKind::kTakeDraw) {
+    // A card from the Draw Pile goes into the Stack unseen.
+    what = s + " took " + (b_face_up ? Num(before.DrawTop()) : std::string("the card")) +
+           " from the Draw Pile" + slot + " and put " + replaced + " on the Discard Pile.";
+    news.changed = {"lblDrawPile", "lblDiscardPile"};
+    lit(kSideB, m.slot1);
+  } else if (m.kind == MoveKind::kPass) {
+    what = s + " turned down " + Num(before.DrawTop()) +
+           " from the Draw Pile; it is now the Discard Pile card.";
+    news.changed = {"lblDrawPile", "lblDiscardPile"};
+  } else if (m.kind == MoveKind::kTakem) {
+    what = s + " used Takem, taking your " + Num(c.Card(kSideA, m.slot2)) + " for " +
+           who.possessive + " " + replaced + ".";
+    lit(kSideA, m.slot2);
+    lit(kSideB, m.slot1);
+  } else if (m.kind == MoveKind::kSmackem) {
+    const auto [p, q] = c.Pair(kSideA);
+    what = s + " used Smackem, swapping your " + Num(c.Card(kSideA, p)) + " and " +
+           Num(c.Card(kSideA, q)) + ".";
+    lit(kSideA, p);
+    lit(kSideA, q);
+  } else if (m.kind == MoveKind::kSwitchem) {
+    const auto [p, q] = c.Pair(kSideB);
     what = s + " used Switchem, swapping " + who.possessive + " " +
-           (b_face_up ? Num(c.OldB(b[0])) + " and " + Num(c.OldB(b[1]))
-                      : "cards in slots " + Num(after.DisplayPos(b[0])) + " and " +
-                            Num(after.DisplayPos(b[1]))) +
+           (b_face_up
+                ? Num(c.Card(kSideB, p)) + " and " + Num(c.Card(kSideB, q))
+                : "cards in slots " + Num(c.Shown(kSideB, p)) + " and " + Num(c.Shown(kSideB, q))) +
            ".";
-    card_b(b[0]);
-    card_b(b[1]);
-  } else {
-    what = s + " changed " + Num(static_cast<int>(a.size() + b.size())) + " cards.";
-    std::for_each(a.begin(), a.end(), card_a);
-    std::for_each(b.begin(), b.end(), card_b);
+    lit(kSideB, p);
+    lit(kSideB, q);
   }
-  news.text = Join(text, what);
+  const std::string turned =
+      s + " reversed " + who.possessive + " direction and now aims for descending order.";
+  news.text = Join(backem ? turned : "", what);
   return news;
 }
 
-std::string MoveEntry(const GameState& before, const GameState& after, int side, bool vs_computer,
+std::string MoveEntry(const GameState& before, const Move& m, bool backem, bool vs_computer,
                       const std::string& opponent, bool b_face_up) {
   const std::string them = vs_computer ? "Computer" : opponent.empty() ? "Opponent" : opponent;
+  const int side = m.side;
   const int other = side == kSideA ? kSideB : kSideA;
   // Side A's words about side B's Stack: its cards are face down to the player.
   const std::string their_stack =
       side == kSideA ? (vs_computer ? "the " : "") + them + "'s" : "your";
-  const Changes c(before, after);
-  const std::vector<int>& own = c.Of(side);
-  const std::vector<int>& others = c.Of(other);
-  auto slot = [&](int s, int k) { return "slot " + Num(c.Shown(s, k)); };
+  const Cards c{before, m};
+  const auto card = [&](int s, int held) { return Num(c.Card(s, held)); };
+  const auto slot = [&](int s, int held) { return "slot " + Num(c.Shown(s, held)); };
   // A card that went into side B's face-down Stack unseen is not named.
   const bool unseen = side == kSideB && !b_face_up;
   std::string what;
-  if (others.empty() && own.size() == 1) {
-    const int k = own[0];
-    const bool discard = c.FromDiscard(side, k);
-    what = "took " + (unseen && !discard ? std::string("the card") : Num(after.Card(side, k))) +
-           " from the " + (discard ? "Discard" : "Draw") + " Pile, put it in " + slot(side, k) +
-           ", " + Num(after.discard_top) + " discarded";
-  } else if (own.empty() && others.empty()) {
-    what = after.discard_top != before.discard_top
-               ? "passed, " + Num(after.discard_top) + " from the Draw Pile discarded"
-               : "Switchem, kept the Stack as it was";
-  } else if (own.size() == 1 && others.size() == 1) {
-    what = "Takem, gave " + Num(c.Old(side, own[0])) + " from " + slot(side, own[0]) + " for " +
-           their_stack + " " + Num(after.Card(side, own[0])) + " from " + slot(other, others[0]);
-  } else if (own.empty() && others.size() == 2) {
-    what = "Smackem, swapped " + their_stack + " cards in slots " + Num(c.Shown(other, others[0])) +
-           " and " + Num(c.Shown(other, others[1]));
-    if (side == kSideB)
-      what += " (" + Num(c.Old(other, others[0])) + " and " + Num(c.Old(other, others[1])) + ")";
-  } else if (others.empty() && own.size() == 2) {
-    what = unseen ? "Switchem, swapped the cards in slots " + Num(c.Shown(side, own[0])) + " and " +
-                        Num(c.Shown(side, own[1]))
-                  : "Switchem, swapped " + Num(c.Old(side, own[0])) + " in " + slot(side, own[0]) +
-                        " and " + Num(c.Old(side, own[1])) + " in " + slot(side, own[1]);
-  } else {
-    what = "changed " + Num(static_cast<int>(own.size() + others.size())) + " cards";
+  if (c.Unchanged()) {
+    what = "Switchem, kept the Stack as it was";
+  } else if (m.kind == MoveKind::kTakeDiscard || m.kind == MoveKind::kTakeDraw) {
+    const bool discard = m.kind == MoveKind::kTakeDiscard;
+    what = "took " +
+           (unseen && !discard ? std::string("the card")
+                               : Num(discard ? before.discard_top : before.DrawTop())) +
+           " from the " + (discard ? "Discard" : "Draw") + " Pile, put it in " +
+           slot(side, m.slot1) + ", " + card(side, m.slot1) + " discarded";
+  } else if (m.kind == MoveKind::kPass) {
+    what = "passed, " + Num(before.DrawTop()) + " from the Draw Pile discarded";
+  } else if (m.kind == MoveKind::kTakem) {
+    const int theirs = c.Held(other, m.slot2);
+    what = "Takem, gave " + card(side, m.slot1) + " from " + slot(side, m.slot1) + " for " +
+           their_stack + " " + card(other, theirs) + " from " + slot(other, theirs);
+  } else if (m.kind == MoveKind::kSmackem) {
+    const auto [p, q] = c.Pair(other);
+    what = "Smackem, swapped " + their_stack + " cards in slots " + Num(c.Shown(other, p)) +
+           " and " + Num(c.Shown(other, q));
+    if (side == kSideB) what += " (" + card(other, p) + " and " + card(other, q) + ")";
+  } else if (m.kind == MoveKind::kSwitchem) {
+    const auto [p, q] = c.Pair(side);
+    what = unseen ? "Switchem, swapped the cards in slots " + Num(c.Shown(side, p)) + " and " +
+                        Num(c.Shown(side, q))
+                  : "Switchem, swapped " + card(side, p) + " in " + slot(side, p) + " and " +
+                        card(side, q) + " in " + slot(side, q);
   }
-  if (c.turned && side == kSideB) what = "Backem, reversed its direction; " + what;
+  if (backem && side == kSideB) what = "Backem, reversed its direction; " + what;
   return (side == kSideA ? "You" : them) + ": " + what;
 }
 

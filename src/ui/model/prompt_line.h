@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "engine/game_state.h"
+#include "engine/move.h"
 
 namespace bq {
 
@@ -56,19 +57,23 @@ std::string PromptLine(const PromptFacts& facts);
 std::string ResultText(int turn_result, const GameState& g, bool vs_computer,
                        const std::string& opponent);
 
-// One move of side B told from the cards that changed between two positions, and the controls
-// that show the change ("lblDiscardPile", "lblCardB(4)"). Unless side B's cards are face up, no
+// A counted move told from the move itself and the position it was made in (`before`, after a
+// Backem of the same turn). `backem`: side B turned its direction round just before, as a move of
+// its own that is not counted; it is told with this one. Unless side B's cards are face up, no
 // card that went into its Stack unseen is named.
+//
+// Side B's move in words, and the controls that show the change ("lblDiscardPile",
+// "lblCardB(4)").
 struct MoveNews {
   std::string text;
   std::vector<std::string> changed;
 };
-MoveNews DescribeMoveB(const GameState& before, const GameState& after, bool vs_computer,
+MoveNews DescribeMoveB(const GameState& before, const Move& m, bool backem, bool vs_computer,
                        const std::string& opponent, bool b_face_up);
 
-// One line of the move list for `side`'s move between two positions, with the slots as the board
-// numbers them: "Computer: took 76 from the Discard Pile, put it in slot 4, 46 discarded".
-std::string MoveEntry(const GameState& before, const GameState& after, int side, bool vs_computer,
+// One line of the move list for either side's move, with the slots as the board numbers them:
+// "Computer: took 76 from the Discard Pile, put it in slot 4, 46 discarded".
+std::string MoveEntry(const GameState& before, const Move& m, bool backem, bool vs_computer,
                       const std::string& opponent, bool b_face_up);
 
 }  // namespace bq

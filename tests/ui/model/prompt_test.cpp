@@ -7,9 +7,11 @@ namespace bq {
 namespace {
 
 using test::Game;
-using Change = void (*)(GameState&);
+using K = MoveKind;
 
-GameState Position() {
+// `turned`: side B's row reversed, as a Backem leaves it; side B's move there is the one that
+// follows its Backem, told with it.
+GameState Position(bool turned) {
   GameState g;
   for (int k = 1; k <= 10; ++k) {
     g.Card(kSideA, k) = k;           // 1..10
@@ -17,114 +19,163 @@ GameState Position() {
   }
   g.discard_top = 50;
   g.draw_cards[1] = 60;
+  if (turned) {
+    g.ReverseSideB();
+    g.opponent_row_reversed = true;  // slot 3 now holds 81, shown in the eighth label
+  }
   return g;
 }
 
-// The moves told below, as the changes they make to Position().
-const Change kDiscardInto4 = [](GameState& g) {
-  g.Card(kSideB, 4) = 50;
-  g.discard_top = 41;
-};
-const Change kDrawInto6 = [](GameState& g) {
-  g.Card(kSideB, 6) = 60;
-  g.discard_top = 61;
-};
-const Change kPass = [](GameState& g) { g.discard_top = 60; };
-const Change kTakem = [](GameState& g) { std::swap(g.Card(kSideA, 2), g.Card(kSideB, 9)); };
-const Change kSmackem = [](GameState& g) { std::swap(g.Card(kSideA, 3), g.Card(kSideA, 8)); };
-const Change kSwitchB = [](GameState& g) { std::swap(g.Card(kSideB, 1), g.Card(kSideB, 5)); };
-// Turned round, the Stack is compared slot by slot as the computer now holds it; the label of
-// slot 3 is then the eighth.
-const Change kReversedDiscard = [](GameState& g) {
-  g.ReverseSideB();
-  g.opponent_row_reversed = true;
-  g.Card(kSideB, 3) = 50;
-  g.discard_top = 81;
-};
-
 struct Case {
-  int side;
-  Change change;
-  bool vs_computer, face_up;
+  Move move;
+  bool turned, vs_computer, face_up;
   const char* told;
 };
 
+template <typename Tell>
+void Check(const Case& c, Tell tell) {
+  const bool backem = c.turned && c.move.side == kSideB;
+  EXPECT_EQ(tell(Position(c.turned), c.move, backem, c.vs_computer, "Kim", c.face_up), c.told)
+      << ToString(c.move);
+}
+
 TEST(MoveNews, EachKindOfMoveIsToldWithTheControlsItChanged) {
   const Case cases[] = {
-      {kSideB, kDiscardInto4, true, true,
+      {{K::kTakeDiscard, kSideB, 4},
+       false,
+       true,
+       true,
        "The computer took 50 from the Discard Pile for slot 4 and put 41 on it. | "
        "lblDiscardPile lblCardB(4)"},
-      {kSideB, kDrawInto6, false, true,
+      {{K::kTakeDraw, kSideB, 6},
+       false,
+       false,
+       true,
        "Kim took 60 from the Draw Pile for slot 6 and put 61 on the Discard Pile. | "
        "lblDrawPile lblDiscardPile lblCardB(6)"},
       // Face down, the card that went into the Stack unseen stays unnamed.
-      {kSideB, kDrawInto6, true, false,
+      {{K::kTakeDraw, kSideB, 6},
+       false,
+       true,
+       false,
        "The computer took the card from the Draw Pile for slot 6 and put 61 on the Discard "
        "Pile. | lblDrawPile lblDiscardPile lblCardB(6)"},
-      {kSideB, kPass, true, true,
+      {{K::kPass, kSideB},
+       false,
+       true,
+       true,
        "The computer turned down 60 from the Draw Pile; it is now the Discard Pile card. | "
        "lblDrawPile lblDiscardPile"},
-      {kSideB, kTakem, true, true,
+      {{K::kTakem, kSideB, 9, 2},
+       false,
+       true,
+       true,
        "The computer used Takem, taking your 2 for its 91. | lblCardA(2) lblCardB(9)"},
-      {kSideB, kSmackem, true, true,
+      {{K::kSmackem, kSideB, 8, 3},
+       false,
+       true,
+       true,
        "The computer used Smackem, swapping your 3 and 8. | lblCardA(3) lblCardA(8)"},
-      {kSideB, kSwitchB, false, true,
+      {{K::kSwitchem, kSideB, 1, 5},
+       false,
+       false,
+       true,
        "Kim used Switchem, swapping their 11 and 51. | lblCardB(1) lblCardB(5)"},
-      {kSideB, kSwitchB, false, false,
+      {{K::kSwitchem, kSideB, 5, 1},
+       false,
+       false,
+       false,
        "Kim used Switchem, swapping their cards in slots 1 and 5. | lblCardB(1) lblCardB(5)"},
-      {kSideB, kReversedDiscard, true, true,
+      {{K::kSwitchem, kSideB}, false, false, true, "Kim left their Stack as it was. |"},
+      {{K::kTakeDiscard, kSideB, 3},
+       true,
+       true,
+       true,
        "The computer reversed its direction and now aims for descending order.  The computer "
        "took 50 from the Discard Pile for slot 8 and put 81 on it. | lblDiscardPile "
        "lblCardB(8)"},
+      {{K::kSwitchem, kSideB},
+       true,
+       true,
+       true,
+       "The computer reversed its direction and now aims for descending order. |"},
   };
-  const GameState before = Position();
-  for (const Case& c : cases) {
-    GameState after = before;
-    c.change(after);
-    const MoveNews news = DescribeMoveB(before, after, c.vs_computer, "Kim", c.face_up);
-    std::string told = news.text + " |";
-    for (const std::string& name : news.changed) told += " " + name;
-    EXPECT_EQ(told, c.told);
-  }
+  for (const Case& c : cases)
+    Check(c, [](auto&&... args) {
+      const MoveNews news = DescribeMoveB(args...);
+      std::string told = news.text + " |";
+      for (const std::string& name : news.changed) told += " " + name;
+      return told;
+    });
 }
 
 // Each entry names the mover and the slots as the board numbers them, and tells no card of side
 // B that the player cannot see.
 TEST(MoveList, EachKindOfMoveOfEitherSideInOneLine) {
-  const Change a_draws_into_7 = [](GameState& g) {
-    g.Card(kSideA, 7) = 60;
-    g.discard_top = 7;
-  };
-  const Change a_switches = [](GameState& g) { std::swap(g.Card(kSideA, 1), g.Card(kSideA, 4)); };
-  const Change nothing = [](GameState&) {};
   const Case cases[] = {
-      {kSideB, kDiscardInto4, true, true,
+      {{K::kTakeDiscard, kSideB, 4},
+       false,
+       true,
+       true,
        "Computer: took 50 from the Discard Pile, put it in slot 4, 41 discarded"},
-      {kSideA, a_draws_into_7, true, true,
+      {{K::kTakeDraw, kSideA, 7},
+       false,
+       true,
+       true,
        "You: took 60 from the Draw Pile, put it in slot 7, 7 discarded"},
-      {kSideA, kPass, true, true, "You: passed, 60 from the Draw Pile discarded"},
-      {kSideB, kTakem, true, true, "Computer: Takem, gave 91 from slot 9 for your 2 from slot 2"},
-      {kSideA, kTakem, false, true, "You: Takem, gave 2 from slot 2 for Kim's 91 from slot 9"},
-      {kSideA, kSwitchB, true, true, "You: Smackem, swapped the Computer's cards in slots 1 and 5"},
-      {kSideB, kSmackem, true, true,
+      {{K::kPass, kSideA}, false, true, true, "You: passed, 60 from the Draw Pile discarded"},
+      {{K::kTakem, kSideB, 9, 2},
+       false,
+       true,
+       true,
+       "Computer: Takem, gave 91 from slot 9 for your 2 from slot 2"},
+      {{K::kTakem, kSideA, 2, 9},
+       false,
+       false,
+       true,
+       "You: Takem, gave 2 from slot 2 for Kim's 91 from slot 9"},
+      // Side A names the opponent's cards where they are shown.
+      {{K::kTakem, kSideA, 2, 8},
+       true,
+       true,
+       true,
+       "You: Takem, gave 2 from slot 2 for the Computer's 81 from slot 8"},
+      {{K::kSmackem, kSideA, 5, 1},
+       false,
+       true,
+       true,
+       "You: Smackem, swapped the Computer's cards in slots 1 and 5"},
+      {{K::kSmackem, kSideB, 3, 8},
+       false,
+       true,
+       true,
        "Computer: Smackem, swapped your cards in slots 3 and 8 (3 and 8)"},
-      {kSideA, a_switches, true, true, "You: Switchem, swapped 1 in slot 1 and 4 in slot 4"},
-      {kSideB, nothing, false, true, "Kim: Switchem, kept the Stack as it was"},
+      {{K::kSwitchem, kSideA, 4, 1},
+       false,
+       true,
+       true,
+       "You: Switchem, swapped 1 in slot 1 and 4 in slot 4"},
+      {{K::kSwitchem, kSideB}, false, false, true, "Kim: Switchem, kept the Stack as it was"},
       // Side B's face-down Stack: what went in unseen stays unnamed; the Discard Pile is no
       // secret.
-      {kSideB, kDrawInto6, true, false,
+      {{K::kTakeDraw, kSideB, 6},
+       false,
+       true,
+       false,
        "Computer: took the card from the Draw Pile, put it in slot 6, 61 discarded"},
-      {kSideB, kSwitchB, true, false, "Computer: Switchem, swapped the cards in slots 1 and 5"},
-      {kSideB, kReversedDiscard, true, true,
+      {{K::kSwitchem, kSideB, 1, 5},
+       false,
+       true,
+       false,
+       "Computer: Switchem, swapped the cards in slots 1 and 5"},
+      {{K::kTakeDiscard, kSideB, 3},
+       true,
+       true,
+       true,
        "Computer: Backem, reversed its direction; took 50 from the Discard Pile, put it in slot "
        "8, 81 discarded"},
   };
-  const GameState before = Position();
-  for (const Case& c : cases) {
-    GameState after = before;
-    c.change(after);
-    EXPECT_EQ(MoveEntry(before, after, c.side, c.vs_computer, "Kim", c.face_up), c.told);
-  }
+  for (const Case& c : cases) Check(c, [](auto&&... args) { return MoveEntry(args...); });
 }
 
 TEST(PromptLine, AMoveOnShowThenTheResultWhichStaysUntilTheNextGame) {
