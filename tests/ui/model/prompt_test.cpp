@@ -9,8 +9,18 @@ namespace {
 using test::Game;
 using K = MoveKind;
 
-// `turned`: side B's row reversed, as a Backem leaves it; side B's move there is the one that
-// follows its Backem, told with it.
+Move A(MoveKind kind, int slot1 = 0, int slot2 = 0) {
+  return {kind, kSideA, slot1, slot2};
+}
+Move B(MoveKind kind, int slot1 = 0, int slot2 = 0) {
+  return {kind, kSideB, slot1, slot2};
+}
+
+// How a move is told: against the computer with side B's cards face up, unless these say
+// otherwise. kTurned: side B's row reversed, as a Backem leaves it; side B's move there is the
+// one that follows its Backem, told with it.
+enum Told { kPerson = 1, kFaceDown = 2, kTurned = 4 };
+
 GameState Position(bool turned) {
   GameState g;
   for (int k = 1; k <= 10; ++k) {
@@ -28,76 +38,48 @@ GameState Position(bool turned) {
 
 struct Case {
   Move move;
-  bool turned, vs_computer, face_up;
+  int how;
   const char* told;
 };
 
 template <typename Tell>
 void Check(const Case& c, Tell tell) {
-  const bool backem = c.turned && c.move.side == kSideB;
-  EXPECT_EQ(tell(Position(c.turned), c.move, backem, c.vs_computer, "Kim", c.face_up), c.told)
+  const bool turned = c.how & kTurned;
+  EXPECT_EQ(tell(Position(turned), c.move, turned && c.move.side == kSideB, !(c.how & kPerson),
+                 "Kim", !(c.how & kFaceDown)),
+            c.told)
       << ToString(c.move);
 }
 
 TEST(MoveNews, EachKindOfMoveIsToldWithTheControlsItChanged) {
   const Case cases[] = {
-      {{K::kTakeDiscard, kSideB, 4},
-       false,
-       true,
-       true,
+      {B(K::kTakeDiscard, 4), 0,
        "The computer took 50 from the Discard Pile for slot 4 and put 41 on it. | "
        "lblDiscardPile lblCardB(4)"},
-      {{K::kTakeDraw, kSideB, 6},
-       false,
-       false,
-       true,
+      {B(K::kTakeDraw, 6), kPerson,
        "Kim took 60 from the Draw Pile for slot 6 and put 61 on the Discard Pile. | "
        "lblDrawPile lblDiscardPile lblCardB(6)"},
       // Face down, the card that went into the Stack unseen stays unnamed.
-      {{K::kTakeDraw, kSideB, 6},
-       false,
-       true,
-       false,
+      {B(K::kTakeDraw, 6), kFaceDown,
        "The computer took the card from the Draw Pile for slot 6 and put 61 on the Discard "
        "Pile. | lblDrawPile lblDiscardPile lblCardB(6)"},
-      {{K::kPass, kSideB},
-       false,
-       true,
-       true,
+      {B(K::kPass), 0,
        "The computer turned down 60 from the Draw Pile; it is now the Discard Pile card. | "
        "lblDrawPile lblDiscardPile"},
-      {{K::kTakem, kSideB, 9, 2},
-       false,
-       true,
-       true,
+      {B(K::kTakem, 9, 2), 0,
        "The computer used Takem, taking your 2 for its 91. | lblCardA(2) lblCardB(9)"},
-      {{K::kSmackem, kSideB, 8, 3},
-       false,
-       true,
-       true,
+      {B(K::kSmackem, 8, 3), 0,
        "The computer used Smackem, swapping your 3 and 8. | lblCardA(3) lblCardA(8)"},
-      {{K::kSwitchem, kSideB, 1, 5},
-       false,
-       false,
-       true,
+      {B(K::kSwitchem, 1, 5), kPerson,
        "Kim used Switchem, swapping their 11 and 51. | lblCardB(1) lblCardB(5)"},
-      {{K::kSwitchem, kSideB, 5, 1},
-       false,
-       false,
-       false,
+      {B(K::kSwitchem, 5, 1), kPerson | kFaceDown,
        "Kim used Switchem, swapping their cards in slots 1 and 5. | lblCardB(1) lblCardB(5)"},
-      {{K::kSwitchem, kSideB}, false, false, true, "Kim left their Stack as it was. |"},
-      {{K::kTakeDiscard, kSideB, 3},
-       true,
-       true,
-       true,
+      {B(K::kSwitchem), kPerson, "Kim left their Stack as it was. |"},
+      {B(K::kTakeDiscard, 3), kTurned,
        "The computer reversed its direction and now aims for descending order.  The computer "
        "took 50 from the Discard Pile for slot 8 and put 81 on it. | lblDiscardPile "
        "lblCardB(8)"},
-      {{K::kSwitchem, kSideB},
-       true,
-       true,
-       true,
+      {B(K::kSwitchem), kTurned,
        "The computer reversed its direction and now aims for descending order. |"},
   };
   for (const Case& c : cases)
@@ -113,65 +95,25 @@ TEST(MoveNews, EachKindOfMoveIsToldWithTheControlsItChanged) {
 // B that the player cannot see.
 TEST(MoveList, EachKindOfMoveOfEitherSideInOneLine) {
   const Case cases[] = {
-      {{K::kTakeDiscard, kSideB, 4},
-       false,
-       true,
-       true,
+      {B(K::kTakeDiscard, 4), 0,
        "Computer: took 50 from the Discard Pile, put it in slot 4, 41 discarded"},
-      {{K::kTakeDraw, kSideA, 7},
-       false,
-       true,
-       true,
-       "You: took 60 from the Draw Pile, put it in slot 7, 7 discarded"},
-      {{K::kPass, kSideA}, false, true, true, "You: passed, 60 from the Draw Pile discarded"},
-      {{K::kTakem, kSideB, 9, 2},
-       false,
-       true,
-       true,
-       "Computer: Takem, gave 91 from slot 9 for your 2 from slot 2"},
-      {{K::kTakem, kSideA, 2, 9},
-       false,
-       false,
-       true,
-       "You: Takem, gave 2 from slot 2 for Kim's 91 from slot 9"},
+      {A(K::kTakeDraw, 7), 0, "You: took 60 from the Draw Pile, put it in slot 7, 7 discarded"},
+      {A(K::kPass), 0, "You: passed, 60 from the Draw Pile discarded"},
+      {B(K::kTakem, 9, 2), 0, "Computer: Takem, gave 91 from slot 9 for your 2 from slot 2"},
+      {A(K::kTakem, 2, 9), kPerson, "You: Takem, gave 2 from slot 2 for Kim's 91 from slot 9"},
       // Side A names the opponent's cards where they are shown.
-      {{K::kTakem, kSideA, 2, 8},
-       true,
-       true,
-       true,
+      {A(K::kTakem, 2, 8), kTurned,
        "You: Takem, gave 2 from slot 2 for the Computer's 81 from slot 8"},
-      {{K::kSmackem, kSideA, 5, 1},
-       false,
-       true,
-       true,
-       "You: Smackem, swapped the Computer's cards in slots 1 and 5"},
-      {{K::kSmackem, kSideB, 3, 8},
-       false,
-       true,
-       true,
-       "Computer: Smackem, swapped your cards in slots 3 and 8 (3 and 8)"},
-      {{K::kSwitchem, kSideA, 4, 1},
-       false,
-       true,
-       true,
-       "You: Switchem, swapped 1 in slot 1 and 4 in slot 4"},
-      {{K::kSwitchem, kSideB}, false, false, true, "Kim: Switchem, kept the Stack as it was"},
+      {A(K::kSmackem, 5, 1), 0, "You: Smackem, swapped the Computer's cards in slots 1 and 5"},
+      {B(K::kSmackem, 3, 8), 0, "Computer: Smackem, swapped your cards in slots 3 and 8 (3 and 8)"},
+      {A(K::kSwitchem, 4, 1), 0, "You: Switchem, swapped 1 in slot 1 and 4 in slot 4"},
+      {B(K::kSwitchem), kPerson, "Kim: Switchem, kept the Stack as it was"},
       // Side B's face-down Stack: what went in unseen stays unnamed; the Discard Pile is no
       // secret.
-      {{K::kTakeDraw, kSideB, 6},
-       false,
-       true,
-       false,
+      {B(K::kTakeDraw, 6), kFaceDown,
        "Computer: took the card from the Draw Pile, put it in slot 6, 61 discarded"},
-      {{K::kSwitchem, kSideB, 1, 5},
-       false,
-       true,
-       false,
-       "Computer: Switchem, swapped the cards in slots 1 and 5"},
-      {{K::kTakeDiscard, kSideB, 3},
-       true,
-       true,
-       true,
+      {B(K::kSwitchem, 1, 5), kFaceDown, "Computer: Switchem, swapped the cards in slots 1 and 5"},
+      {B(K::kTakeDiscard, 3), kTurned,
        "Computer: Backem, reversed its direction; took 50 from the Discard Pile, put it in slot "
        "8, 81 discarded"},
   };
