@@ -25,6 +25,15 @@ struct Control {
   int highlight = kHighlightNone;
 };
 
+// A control hidden is disabled too.
+inline void Show(Control& c, bool visible, bool enabled) {
+  c.visible = visible;
+  c.enabled = visible && enabled;
+}
+inline void Hide(Control& c) {
+  Show(c, false, false);
+}
+
 struct NamedControl {
   std::string name;  // "cmdNew", "lblCardA(3)"
   Control* control;

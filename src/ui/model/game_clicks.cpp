@@ -78,9 +78,9 @@ bool GameModel::ClickControl(std::string_view name) {
   if (c == &cmdQuit || c == &mnuFileQuitGame || c == &mnuPopupFileQuitGame) {
     if (c == &cmdQuit) PlayClick();
     // An invitation still unanswered here is answered in its own dialog, not by quitting.
-    if (session_.engaged() && session_.phase() != net::Session::Phase::kInvited) {
+    if (remote_.session.engaged() && remote_.session.phase() != net::Session::Phase::kInvited) {
       SendToOpponent(net::Quit{});
-      session_.Ended();
+      remote_.session.Ended();
     }
     QuitGame();
     return true;

@@ -82,7 +82,7 @@ std::optional<std::string> GameModel::GetField(std::string_view field) const {
   if (field == "MoveCountA") return std::to_string(g_.move_count_a);
   if (field == "MoveCountB") return std::to_string(g_.move_count_b);
   if (field == "VsComputer") return flag(vs_computer_);
-  if (field == "IsDealer") return flag(is_dealer_);
+  if (field == "IsDealer") return flag(remote_.is_dealer);
   if (field == "FastMode") return flag(fast_mode_);
   if (field == "LearnMode") return flag(learn_mode_);
   if (field == "OpponentRowReversed") return flag(g_.opponent_row_reversed);

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <initializer_list>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,15 +11,14 @@
 #include "ai/chosen_seat.h"
 #include "ai/seat_view.h"
 #include "engine/rules.h"
-#include "net/link.h"
 #include "net/message.h"
-#include "net/session.h"
 #include "store/settings.h"
 #include "store/statistics.h"
 #include "ui/model/control.h"
 #include "ui/model/hint_model.h"
 #include "ui/model/platform.h"
 #include "ui/model/prompt_line.h"
+#include "ui/model/remote_play.h"
 #include "ui/model/undo_point.h"
 
 namespace bq {
@@ -72,7 +70,7 @@ class GameModel : public WindowModel {
 
   // Network play. The link belongs to the front end; without one nothing is sent or received.
   void SetLink(net::Link* link);
-  net::Link* link() const { return link_; }
+  net::Link* link() const { return remote_.link; }
   std::string LocalIP() const;
   // frmCommunicate's Send, with the texts as typed. On a failure the player is told why and
   // false returned.
@@ -92,7 +90,7 @@ class GameModel : public WindowModel {
   void Tick();
   bool SilenceDue() const;
   static constexpr std::int64_t kSilenceMs = 30000;
-  const net::Session& session() const { return session_; }
+  const net::Session& session() const { return remote_.session; }
 
   // Game values by the driver's names; nullopt for an unknown field.
   std::optional<std::string> GetField(std::string_view field) const;
@@ -123,8 +121,9 @@ class GameModel : public WindowModel {
   // A game that would be recorded if it were played out: dealt, undecided, not in Learn Mode.
   // Quitting it or leaving the program loses it.
   bool counted_game_running() const {
-    return game_running_ && !game_over_ && !learn_mode_ && !undo_used_ &&
-           session_.phase() != net::Session::Phase::kInviting && !cmdInvitationRejected.visible;
+    return game_running_ && !game_over_ && !learn_mode_ && !undo_.used &&
+           remote_.session.phase() != net::Session::Phase::kInviting &&
+           !cmdInvitationRejected.visible;
   }
   // Ours, kept in the settings file: whether the window asks before such a game is abandoned.
   bool ask_before_abandoning() const { return ask_before_abandoning_; }
@@ -195,12 +194,7 @@ class GameModel : public WindowModel {
   bool Checked(Option o) const { return const_cast<GameModel*>(this)->OptionBox(o).value == 1; }
   bool Backem() const { return Checked(kBackem); }
   int N() const { return g_.stack_size; }
-  void Show(Control& c, bool visible, bool enabled) {
-    c.visible = visible;
-    c.enabled = visible && enabled;
-  }
   void Prompt(Control& c);  // shown, enabled, focused
-  void Hide(Control& c) { Show(c, false, false); }
   void ShowCardA(int slot);
   void ShowCardB(int slot);  // the label at the slot's display position
   void RefreshMoveCounts();
@@ -324,8 +318,7 @@ class GameModel : public WindowModel {
 
   // The prompt line and highlights (game_prompt.cpp).
   PromptFacts Facts() const;
-  // After a counted move made in `before`: told in words and put on the move list.
-  void NoteMove(const GameState& before, const Move& m);
+  void NoteMove(const GameState& before, const Move& m);  // a counted move: told and listed
   void StartMoveList();  // a game's deal: its moves are told from here
   void ClearHighlights();
 
@@ -355,10 +348,7 @@ class GameModel : public WindowModel {
   Settings loaded_;  // what the file held at the last load
 
   bool vs_computer_ = true;
-  bool is_dealer_ = true;
-  bool opponent_setup_ = false;
-  bool remote_connected_ = false;
-  bool invitation_accepted_ = false;
+  RemotePlay remote_;
   std::string opponent_name_;
   bool fast_mode_ = false;
   bool learn_mode_ = false;
@@ -380,17 +370,8 @@ class GameModel : public WindowModel {
   bool invitation_requested_ = false;
   bool invitation_dismissed_ = false;
   bool communicate_requested_ = false;
-  net::Link* link_ = nullptr;
-  net::Session session_;
-  std::string remote_host_;
-  bool remote_switch_awaited_ = false;
-  bool remote_move_due_ = false;  // the opponent's turn has begun here and its move not come
   std::string save_notice_;
-  int own_draw_count_ = 0;  // this copy's Draw Pile length while it plays a received deal's
-  std::int64_t waiting_since_ms_ = -1;  // when this copy began to wait for the opponent
-  bool silence_told_ = false;
-  std::set<std::string> strangers_;  // senders already named on the prompt line
-  bool shown_face_up_ = false;       // the opponent's cards were on show during this game
+  bool shown_face_up_ = false;  // the opponent's cards were on show during this game
   bool sound_on_ = true;
   bool ask_before_abandoning_ = true;
   Connection last_connection_;
@@ -412,9 +393,7 @@ class GameModel : public WindowModel {
 
   HintModel hint_;
 
-  std::vector<UndoPoint> undo_points_;
-  bool undo_used_ = false;  // the game is no longer counted
-  std::array<DrawSeen, kDeckSize + 1> draw_seen_{};
+  UndoHistory undo_;
 };
 
 }  // namespace bq

@@ -21,36 +21,36 @@ bool AboutTheSession(const net::Message& m) {
 }  // namespace
 
 void GameModel::SetLink(net::Link* link) {
-  link_ = link;
+  remote_.link = link;
 }
 
 std::string GameModel::LocalIP() const {
-  return link_ ? link_->LocalIP() : "127.0.0.1";
+  return remote_.link ? remote_.link->LocalIP() : "127.0.0.1";
 }
 
 bool GameModel::ConfigureConnection(std::string_view ip_b, std::string_view port_b,
                                     std::string_view port_a) {
   const std::string host(net::Trim(ip_b));
   const auto remote_port = net::ParsePort(port_b);
-  const bool bound = link_ != nullptr && link_->LocalPort() != 0;
+  const bool bound = remote_.link != nullptr && remote_.link->LocalPort() != 0;
   const auto local_port = bound ? std::optional<long>(0) : net::ParsePort(port_a);
   std::string why;
-  if (link_ == nullptr)
+  if (remote_.link == nullptr)
     why = "This copy of the program has no network connection.";
   else if (!remote_port)
     why = "The opponent's port \"" + std::string(net::Trim(port_b)) + "\" is not a number.";
   else if (!local_port)
     why = "Your port \"" + std::string(net::Trim(port_a)) + "\" is not a number.";
   else
-    why = link_->Configure(host, *remote_port, *local_port);
+    why = remote_.link->Configure(host, *remote_port, *local_port);
   if (!why.empty()) {
     platform_.CriticalBox(kWinsockFailed, why);
     return false;
   }
-  remote_host_ = host;
+  remote_.host = host;
   const bool usual = *remote_port >= 1 && *remote_port <= 65535;
-  last_connection_ = {host, usual ? static_cast<int>(*remote_port) : 0, link_->LocalPort()};
-  opponent_setup_ = true;
+  last_connection_ = {host, usual ? static_cast<int>(*remote_port) : 0, remote_.link->LocalPort()};
+  remote_.opponent_setup = true;
   SetVsHuman();
   return true;
 }
@@ -60,8 +60,8 @@ void GameModel::ShowNoOpponentInformation() {
 }
 
 void GameModel::SendToOpponent(const net::Message& m) {
-  if (link_ == nullptr || (vs_computer_ && !AboutTheSession(m))) return;
-  link_->Send(net::Encode(m));
+  if (remote_.link == nullptr || (vs_computer_ && !AboutTheSession(m))) return;
+  remote_.link->Send(net::Encode(m));
   StatusBar1[3].caption = StatusBar1[2].caption;
   StatusBar1[2].caption = net::SentText(m);
 }
@@ -96,9 +96,9 @@ net::Moment GameModel::Now() const {
   // A result button does not end play by itself (a Stack dealt in order, say): the game lasts
   // until it is acknowledged or quit, and a move counts while one is due.
   now.in_game = game_running_;
-  now.awaiting_switch = remote_switch_awaited_;
-  now.awaiting_move = remote_move_due_ && g_.turn_owner == kSideB && pending_ == Pending::kNone &&
-                      !remote_switch_awaited_;
+  now.awaiting_switch = remote_.switch_awaited;
+  now.awaiting_move = remote_.move_due && g_.turn_owner == kSideB && pending_ == Pending::kNone &&
+                      !remote_.switch_awaited;
   return now;
 }
 
@@ -110,41 +110,41 @@ void GameModel::Receive(const std::string& text) {
 
 bool GameModel::AwaitingOpponent() const {
   using Phase = net::Session::Phase;
-  switch (session_.phase()) {
+  switch (remote_.session.phase()) {
     case Phase::kInviting:
       return true;
     case Phase::kAwaitingDeal:
       return !(game_running_ && vs_computer_);
     case Phase::kPlaying:
       return game_running_ && !game_over_ && pending_ == Pending::kNone &&
-             (remote_move_due_ || remote_switch_awaited_);
+             (remote_.move_due || remote_.switch_awaited);
     default:
       return false;
   }
 }
 
 bool GameModel::SilenceDue() const {
-  return waiting_since_ms_ >= 0 && !silence_told_ &&
-         platform_.NowMs() - waiting_since_ms_ >= kSilenceMs;
+  return remote_.waiting_since_ms >= 0 && !remote_.silence_told &&
+         platform_.NowMs() - remote_.waiting_since_ms >= kSilenceMs;
 }
 
 void GameModel::Tick() {
   if (!SilenceDue()) return;
   BeginEvent();
-  silence_told_ = true;
+  remote_.silence_told = true;
   EndEvent();
 }
 
 bool GameModel::StrangerIsNew(const std::string& host, int port) const {
-  return strangers_.size() < kMaxStrangersTold &&
-         strangers_.count(host + ":" + std::to_string(port)) == 0;
+  return remote_.strangers.size() < kMaxStrangersTold &&
+         remote_.strangers.count(host + ":" + std::to_string(port)) == 0;
 }
 
 void GameModel::Stranger(const std::string& host, int port) {
   if (!StrangerIsNew(host, port)) return;
   BeginEvent();
   const std::string sender = host + ":" + std::to_string(port);
-  strangers_.insert(sender);
+  remote_.strangers.insert(sender);
   AddNews("Ignored a message from " + sender + ": not your opponent's address.");
   EndEvent();
 }

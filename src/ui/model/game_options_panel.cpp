@@ -84,7 +84,7 @@ void GameModel::SetRandom() {
 
 void GameModel::SetVsComputer() {
   vs_computer_ = true;
-  is_dealer_ = true;
+  remote_.is_dealer = true;
   optVsComputer.value = mnuVsComputer.value = 1;
   optVsHuman.value = mnuVsHuman.value = 0;
   lblStackB.caption = "Computer's Stack";
@@ -102,9 +102,9 @@ void GameModel::SetVsHuman() {
   optVsHuman.value = mnuVsHuman.value = 1;
   if (opponent_name_.empty()) opponent_name_ = "Opponent";
   lblStackB.caption = opponent_name_ + "'s Stack";
-  StatusBar1[1].caption = opponent_setup_ ? "Opponent " + remote_host_ : opponent_name_;
-  cmdSetupRemoteOpponent.enabled = mnuSetupRemoteOpponent.enabled = !opponent_setup_;
-  cmdNew.enabled = mnuFileNewGame.enabled = mnuPopupFileNewGame.enabled = opponent_setup_;
+  StatusBar1[1].caption = remote_.opponent_setup ? "Opponent " + remote_.host : opponent_name_;
+  cmdSetupRemoteOpponent.enabled = mnuSetupRemoteOpponent.enabled = !remote_.opponent_setup;
+  cmdNew.enabled = mnuFileNewGame.enabled = mnuPopupFileNewGame.enabled = remote_.opponent_setup;
 }
 
 void GameModel::SetFastMode(bool on) {

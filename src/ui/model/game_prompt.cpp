@@ -53,10 +53,10 @@ void GameModel::EndEvent() {
   mnuComputerClassic.enabled = mnuComputerExpert.enabled = mnuVsComputer.enabled;
   mnuEditUndo.enabled = UndoAvailable();
   if (!AwaitingOpponent()) {
-    waiting_since_ms_ = -1;
-    silence_told_ = false;
-  } else if (waiting_since_ms_ < 0) {
-    waiting_since_ms_ = platform_.NowMs();
+    remote_.waiting_since_ms = -1;
+    remote_.silence_told = false;
+  } else if (remote_.waiting_since_ms < 0) {
+    remote_.waiting_since_ms = platform_.NowMs();
   }
   ShowHint();
   lblPrompt.caption = PromptLine(Facts());
@@ -108,7 +108,7 @@ PromptFacts GameModel::Facts() const {
   f.news = news_;
   f.result = result_;
   f.can_start = cmdNew.visible && cmdNew.enabled;
-  f.silent = silence_told_;
+  f.silent = remote_.silence_told;
   const std::string them = vs_computer_             ? "The computer"
                            : opponent_name_.empty() ? "Opponent"
                                                     : opponent_name_;

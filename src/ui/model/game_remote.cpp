@@ -42,10 +42,10 @@ std::optional<Move> MoveOf(const net::Message& message) {
 
 void GameModel::ReceiveMessage(const std::string& text) {
   // Any word from the opponent shows they are there: the wait starts afresh.
-  waiting_since_ms_ = -1;
-  silence_told_ = false;
+  remote_.waiting_since_ms = -1;
+  remote_.silence_told = false;
   const auto decoded = net::Decode(text, {N()});
-  if (!decoded || !session_.Accepts(*decoded, Now())) return BadData(text);
+  if (!decoded || !remote_.session.Accepts(*decoded, Now())) return BadData(text);
   const net::Message& m = *decoded;
   if (const auto move = MoveOf(m); move && !IsLegal(g_, *move)) return BadData(text);
   if (!net::IsRelayedClick(m)) {
@@ -71,25 +71,25 @@ void GameModel::OnMessage(const net::Invite&) {
     if (prompt->visible) AcknowledgePrompt(*prompt);
   if (game_running_ && !vs_computer_) QuitGame();
   for (size_t i = 0; i < 3; ++i) StatusBar1[i + 2].caption = panels[i];
-  session_.InvitationReceived();
+  remote_.session.InvitationReceived();
   cmdNew.enabled = mnuFileNewGame.enabled = mnuPopupFileNewGame.enabled = false;
-  invitation_accepted_ = false;
-  remote_connected_ = true;
+  remote_.invitation_accepted = false;
+  remote_.connected = true;
   invitation_requested_ = true;
 }
 
 void GameModel::AnswerInvitation(bool yes) {
   BeginEvent();
   SendToOpponent(yes ? net::Message(net::Accept{}) : net::Message(net::Reject{}));
-  invitation_accepted_ = yes;
-  is_dealer_ = !yes;
-  session_.Answered(yes);
+  remote_.invitation_accepted = yes;
+  remote_.is_dealer = !yes;
+  remote_.session.Answered(yes);
   if (!yes) RestoreNewGame();
   EndEvent();
 }
 
 void GameModel::OnMessage(const net::Accept&) {
-  session_.AnswerReceived(true);
+  remote_.session.AnswerReceived(true);
   net::Deal s;
   for (int o = 0; o < kOptionCount; ++o) s.options[static_cast<size_t>(o)] = Checked(Option(o));
   s.options[5] = chkRandom.value == 1;
@@ -110,14 +110,14 @@ void GameModel::OnMessage(const net::Accept&) {
 }
 
 void GameModel::OnMessage(const net::Reject&) {
-  session_.AnswerReceived(false);
+  remote_.session.AnswerReceived(false);
   Prompt(cmdInvitationRejected);
 }
 
 void GameModel::OnMessage(const net::Deal& s) {
   StatusBar1[4].caption = net::Encode(s).substr(42, 20);
-  session_.DealReceived();
-  is_dealer_ = false;
+  remote_.session.DealReceived();
+  remote_.is_dealer = false;
   // The deal's opponent is a person: whatever was selected here, so is this copy's.
   if (vs_computer_) SetVsHuman();
   // The options as the dealer had them. Random is only marked: its setter would clear the five.
@@ -139,7 +139,7 @@ void GameModel::OnMessage(const net::Deal& s) {
   cards.draw.assign(s.draw.begin(), s.draw.begin() + s.draw_count);
   // The codec has checked the cards already; the referee's check is the last word.
   if (!InstallDeal(g_, cards)) return BadData(net::Encode(s));
-  if (own_draw_count_ == 0) own_draw_count_ = own_draw_count;
+  if (remote_.own_draw_count == 0) remote_.own_draw_count = own_draw_count;
   StartMoveList();  // the first move is told against the deal
   BeginGameFlags();
   for (Control* c : {&cmdInvitationRejected, &cmdClickHere, &cmdQuitReceived, &cmdExitReceived})
@@ -153,7 +153,7 @@ void GameModel::AwaitFirstRemoteMove() {
   lblDiscardPile.caption = CardFace(g_.discard_top);
   lblDrawPile.caption = kFaceDown;
   lblDiscardPile.enabled = lblDrawPile.enabled = false;
-  remote_switch_awaited_ = Checked(kSwitchem);
+  remote_.switch_awaited = Checked(kSwitchem);
   StartTurnB();
 }
 
@@ -161,7 +161,7 @@ void GameModel::OnMessage(const net::CardClick& m) {
   PlayClick();
   auto& card = lblCardB[static_cast<size_t>(g_.DisplayPos(m.slot))];
   card.marked ^= 1;
-  if (remote_switch_awaited_) return;  // a Switchem pick marks two cards
+  if (remote_.switch_awaited) return;  // a Switchem pick marks two cards
   for (int p = 1; p <= N(); ++p)
     if (&lblCardB[static_cast<size_t>(p)] != &card) lblCardB[static_cast<size_t>(p)].marked = 0;
 }
@@ -197,7 +197,7 @@ void GameModel::OnMessage(const net::Pass&) {
 // cmdPlayB: the opponent's completed pile move, as side A's is completed on its own screen.
 void GameModel::PlayB(const Move& m) {
   PlayClick();
-  remote_move_due_ = false;
+  remote_.move_due = false;
   Hide(cmdPlayB);
   PlayPileMoveB(m);
 }
@@ -205,32 +205,32 @@ void GameModel::PlayB(const Move& m) {
 void GameModel::SwitchemSent(const Move& m) {
   SendMove(m);
   // The invited side switched first; the dealer's Switchem comes next.
-  if (!is_dealer_) remote_switch_awaited_ = true;
+  if (!remote_.is_dealer) remote_.switch_awaited = true;
   // As after the deal, play starts whatever the test found.
-  if (is_dealer_) EndIfDecided();
+  if (remote_.is_dealer) EndIfDecided();
   StartTurnB();
 }
 
 void GameModel::OnMessage(const net::Switch& m) {
   PlayClick();
-  remote_switch_awaited_ = false;
-  remote_move_due_ = false;
+  remote_.switch_awaited = false;
+  remote_.move_due = false;
   if (!Play({MoveKind::kSwitchem, kSideB, m.pos1, m.pos2})) return;
   ShowCardB(m.pos1);
   ShowCardB(m.pos2);
   for (int p = 1; p <= N(); ++p) lblCardB[static_cast<size_t>(p)].marked = 0;
-  if (is_dealer_) return StartSwitchemA();
+  if (remote_.is_dealer) return StartSwitchemA();
   EndIfDecided();
   StartOfPlay();
 }
 
 void GameModel::OnMessage(const net::Smack& m) {
-  remote_move_due_ = false;
+  remote_.move_due = false;
   AnnounceSmackemB(m.pos1, m.pos2);
 }
 
 void GameModel::OnMessage(const net::Take& m) {
-  remote_move_due_ = false;
+  remote_.move_due = false;
   AnnounceTakemB(m.own, m.other);
 }
 
@@ -243,8 +243,8 @@ void GameModel::OnMessage(const net::Exit&) {
 }
 
 void GameModel::OpponentGone(Control& prompt) {
-  if (session_.phase() == net::Session::Phase::kInvited) invitation_dismissed_ = true;
-  session_.Ended();
+  if (remote_.session.phase() == net::Session::Phase::kInvited) invitation_dismissed_ = true;
+  remote_.session.Ended();
   // A game against the computer is this player's own business: it goes on.
   if (game_running_ && vs_computer_) return;
   QuitGame();
@@ -276,28 +276,28 @@ void GameModel::BeginGameFlags() {
   first_turn_ = true;
   selecting_ = Selecting::kNone;
   pending_ = Pending::kNone;
-  remote_switch_awaited_ = false;
-  remote_move_due_ = false;
+  remote_.switch_awaited = false;
+  remote_.move_due = false;
   game_running_ = true;
   game_over_ = false;
   shown_face_up_ = learn_mode_ || judgement_shown_;
-  undo_points_.clear();
-  undo_used_ = false;
-  draw_seen_.fill(DrawSeen::kNo);
+  undo_.points.clear();
+  undo_.used = false;
+  undo_.draw_seen.fill(DrawSeen::kNo);
 }
 
 // New Game as the opponent choice offers it between games; during a game it stays out of reach.
 void GameModel::RestoreNewGame() {
   if (game_running_) return;
   cmdNew.enabled = mnuFileNewGame.enabled = mnuPopupFileNewGame.enabled =
-      vs_computer_ || opponent_setup_;
+      vs_computer_ || remote_.opponent_setup;
 }
 
 // From an invitation sent or accepted until the game with the opponent is decided, Quit This Game
 // is the way back for either player, whatever message was lost; afterwards the result button is.
 void GameModel::RefreshQuit() {
   using Phase = net::Session::Phase;
-  const Phase p = session_.phase();
+  const Phase p = remote_.session.phase();
   const bool open = p == Phase::kInviting || p == Phase::kAwaitingDeal ||
                     (p == Phase::kPlaying && game_running_ && !game_over_);
   if (open)

@@ -69,9 +69,9 @@ void GameModel::InitGameData() {
   judge_.m[static_cast<size_t>(N() + 1)] = '1';
   RefreshRangeLabels();
   lblStackB.caption = "Opponent's Stack";
-  opponent_setup_ = false;
-  remote_connected_ = false;
-  is_dealer_ = true;
+  remote_.opponent_setup = false;
+  remote_.connected = false;
+  remote_.is_dealer = true;
 }
 
 void GameModel::RefreshSlotVisibility() {
@@ -122,8 +122,8 @@ void GameModel::NewGame() {
   LockControlsForGame();
   if (!vs_computer_) {
     // The deal is held until the invitation is answered; then it is sent and shown.
-    is_dealer_ = true;
-    session_.InvitationSent();
+    remote_.is_dealer = true;
+    remote_.session.InvitationSent();
     SendToOpponent(net::Invite{});
     return;
   }
@@ -194,11 +194,11 @@ void GameModel::ShowDeal() {
   RefreshSlotVisibility();
   lblDrawPile.caption = kFaceDown;
   // Against a person the invited copy begins, which is side A there and side B on the dealer's.
-  const int first = vs_computer_ ? kDrawnFirst : is_dealer_ ? kSideB : kSideA;
+  const int first = vs_computer_ ? kDrawnFirst : remote_.is_dealer ? kSideB : kSideA;
   BeginGame(g_, CheckedOptions(), first, platform_);
   // Play goes on whatever the test found; a result button may already be up.
   EndIfDecided();
-  if (!vs_computer_ && is_dealer_) return AwaitFirstRemoteMove();
+  if (!vs_computer_ && remote_.is_dealer) return AwaitFirstRemoteMove();
   if (g_.phase == Phase::kOpening)
     StartSwitchemA();
   else
@@ -255,7 +255,7 @@ void GameModel::RevealBoard() {
 void GameModel::RecordResult(Outcome outcome) {
   // A game in which the opponent's cards were on show, or a move was taken back, counts no more
   // than a Learn Mode game.
-  if (learn_mode_ || shown_face_up_ || undo_used_) return;
+  if (learn_mode_ || shown_face_up_ || undo_.used) return;
   Settings s = LoadSettings(settings_path_);  // the file is the authority for the statistics
   // Games against the Expert are kept apart from the Classic computer's figures.
   const int kind = !vs_computer_ ? kVsHumans : ExpertPlaying() ? kVsExpert : kVsComputer;
@@ -299,8 +299,8 @@ void GameModel::QuitGame() {
   mnuFileNewGame.enabled = mnuPopupFileNewGame.enabled = true;
   Hide(cmdQuit);
   mnuFileQuitGame.enabled = mnuPopupFileQuitGame.enabled = false;
-  if (game_running_ && !vs_computer_) session_.Ended();
-  ResetBetweenGames(g_, std::exchange(own_draw_count_, 0));
+  if (game_running_ && !vs_computer_) remote_.session.Ended();
+  ResetBetweenGames(g_, std::exchange(remote_.own_draw_count, 0));
   RefreshMoveCounts();
   Hide(lblMoveCount);
   Hide(lblMoveCountA);
@@ -314,7 +314,7 @@ void GameModel::QuitGame() {
   SetFastMode(fast_mode_);
   SetLearnMode(learn_mode_);
   for (int i = 2; i <= 4; ++i) StatusBar1[static_cast<size_t>(i)].caption.clear();
-  is_dealer_ = true;
+  remote_.is_dealer = true;
   SetFocus("cmdNew");
 }
 
@@ -322,7 +322,8 @@ void GameModel::Exit() {
   if (exited_) return;
   // A copy that was ever invited says goodbye, and so does any copy the opponent would otherwise
   // wait for: a game with them running, or an invitation either way unsettled.
-  if ((remote_connected_ && !vs_computer_) || session_.engaged()) SendToOpponent(net::Exit{});
+  if ((remote_.connected && !vs_computer_) || remote_.session.engaged())
+    SendToOpponent(net::Exit{});
   Settings s = LoadSettings(settings_path_);
   SaveOrWarn(CurrentSettings(s), true);
   exited_ = true;

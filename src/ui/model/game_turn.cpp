@@ -79,7 +79,7 @@ void GameModel::StartTurnB() {
     lblCardB[static_cast<size_t>(k)].marked = 0;
   }
   if (vs_computer_) return StartComputerTurn();
-  remote_move_due_ = true;
+  remote_.move_due = true;
   for (int k = 1; k <= N(); ++k) {
     ShowCardA(k);
     // A card left face down by a Smackem or Takem pick stays so, as against the computer.
@@ -127,7 +127,7 @@ bool GameModel::ClickDrawPile() {
   if (selecting_ == Selecting::kSmackemA || selecting_ == Selecting::kTakemA)
     selecting_ = Selecting::kNone;
   PlayClick();
-  if (vs_computer_) draw_seen_[static_cast<size_t>(g_.DrawTop())] = DrawSeen::kLookedAt;
+  if (vs_computer_) undo_.draw_seen[static_cast<size_t>(g_.DrawTop())] = DrawSeen::kLookedAt;
   ShowDrawLooked();
   RelayClick(net::Look{});
   return true;
@@ -214,17 +214,17 @@ bool GameModel::CardPopup(bool discard) {
 // Every move of either side is made by the referee; the counts, the move list and the
 // computer's judgement follow it. A move the referee refuses changes nothing.
 bool GameModel::Play(const Move& m) {
-  const auto points = undo_points_.size();
+  const auto points = undo_.points.size();
   const GameState before = g_;
   KeepUndoPoint(m);
   NoteDrawSeen(m);
   if (!Apply(g_, m, platform_)) {
-    undo_points_.erase(undo_points_.begin() + static_cast<std::ptrdiff_t>(points),
-                       undo_points_.end());
+    undo_.points.erase(undo_.points.begin() + static_cast<std::ptrdiff_t>(points),
+                       undo_.points.end());
     return false;
   }
   // A renewed Draw Pile is a fresh shuffle: nothing in it has been seen yet.
-  if (g_.draw_pos < before.draw_pos) draw_seen_.fill(DrawSeen::kNo);
+  if (g_.draw_pos < before.draw_pos) undo_.draw_seen.fill(DrawSeen::kNo);
   shown_a_.Applied(g_, m);
   if (vs_computer_) {
     seat_.Applied(g_, m);

@@ -14,7 +14,7 @@ constexpr const char* kNotCounted = "Undo: this game will not be counted in the 
 // Side A's ordinary turn with nothing held or being picked; a Draw Pile card turned over this
 // turn is no obstacle: it is undone with the rest.
 bool GameModel::UndoAvailable() const {
-  return game_running_ && !game_over_ && !undo_points_.empty() && g_.phase == Phase::kPlay &&
+  return game_running_ && !game_over_ && !undo_.points.empty() && g_.phase == Phase::kPlay &&
          g_.turn_owner == kSideA && pending_ == Pending::kNone && selecting_ == Selecting::kNone;
 }
 
@@ -24,13 +24,13 @@ void GameModel::KeepUndoPoint(const Move& m) {
   UndoPoint p{g_, seat_, shown_a_, first_turn_, {}};
   for (int i = 1; i <= kMoveListSize; ++i)
     p.move_list.push_back(lblMoveList[static_cast<size_t>(i)].caption);
-  undo_points_.push_back(std::move(p));
+  undo_.points.push_back(std::move(p));
 }
 
 // A card once seen stays seen: an undo that puts it back on the Draw Pile shows it face up.
 void GameModel::NoteDrawSeen(const Move& m) {
   if (g_.phase != Phase::kPlay) return;
-  DrawSeen& seen = draw_seen_[static_cast<size_t>(g_.DrawTop())];
+  DrawSeen& seen = undo_.draw_seen[static_cast<size_t>(g_.DrawTop())];
   const bool look = m.kind == MoveKind::kTakeDraw || m.kind == MoveKind::kPass;
   if (m.side == kSideA && look) {
     seen = DrawSeen::kLookedAt;
@@ -44,9 +44,9 @@ void GameModel::NoteDrawSeen(const Move& m) {
 bool GameModel::Undo() {
   if (!UndoAvailable()) return false;
   if (counted_game_running()) AddNews(kNotCounted);
-  undo_used_ = true;
-  UndoPoint p = std::move(undo_points_.back());
-  undo_points_.pop_back();
+  undo_.used = true;
+  UndoPoint p = std::move(undo_.points.back());
+  undo_.points.pop_back();
   Restore(g_, p.state);
   seat_ = std::move(p.seat);
   shown_a_ = p.shown_a;
@@ -63,7 +63,7 @@ bool GameModel::Undo() {
   Hide(cmdTakemA);
   Show(cmdPlayA, !fast_mode_, false);
   StartTurnA();
-  const DrawSeen seen = draw_seen_[static_cast<size_t>(g_.DrawTop())];
+  const DrawSeen seen = undo_.draw_seen[static_cast<size_t>(g_.DrawTop())];
   if (seen == DrawSeen::kLookedAt)
     ShowDrawLooked();
   else if (seen == DrawSeen::kShownByComputer)

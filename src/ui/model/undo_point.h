@@ -24,4 +24,12 @@ struct UndoPoint {
 // What side A has seen of a Draw Pile card during a game.
 enum class DrawSeen : unsigned char { kNo, kShownByComputer, kLookedAt };
 
+// The game window's Undo: the points to go back to, whether one was used (the game is then not
+// counted), and the Draw Pile cards seen, which an undo cannot unsee.
+struct UndoHistory {
+  std::vector<UndoPoint> points;
+  bool used = false;
+  std::array<DrawSeen, kDeckSize + 1> draw_seen{};
+};
+
 }  // namespace bq
