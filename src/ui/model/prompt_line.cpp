@@ -248,7 +248,9 @@ std::string MoveEntry(const GameState& before, const Move& m, bool backem, bool 
   // A card that went into side B's face-down Stack unseen is not named.
   const bool unseen = side == kSideB && !b_face_up;
   std::string what;
-  if (c.Unchanged()) {
+  if (m.kind == MoveKind::kSpendTurn) {
+    what = "ended the turn without taking a card";
+  } else if (c.Unchanged()) {
     what = "Switchem, kept the Stack as it was";
   } else if (m.kind == MoveKind::kTakeDiscard || m.kind == MoveKind::kTakeDraw) {
     const bool discard = m.kind == MoveKind::kTakeDiscard;

@@ -99,6 +99,7 @@ TEST(MoveList, EachKindOfMoveOfEitherSideInOneLine) {
        "Computer: took 50 from the Discard Pile, put it in slot 4, 41 discarded"},
       {A(K::kTakeDraw, 7), 0, "You: took 60 from the Draw Pile, put it in slot 7, 7 discarded"},
       {A(K::kPass), 0, "You: passed, 60 from the Draw Pile discarded"},
+      {A(K::kSpendTurn), 0, "You: ended the turn without taking a card"},
       {B(K::kTakem, 9, 2), 0, "Computer: Takem, gave 91 from slot 9 for your 2 from slot 2"},
       {A(K::kTakem, 2, 9), kPerson, "You: Takem, gave 2 from slot 2 for Kim's 91 from slot 9"},
       // Side A names the opponent's cards where they are shown.
