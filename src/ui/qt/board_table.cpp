@@ -134,7 +134,9 @@ const BoardTable::TextRoom& BoardTable::TextsAt(double font_px) const {
 }
 
 BoardTable::TextRoom BoardTable::TextsScaled(double font_px) const {
-  const int measured = std::max(1, static_cast<int>(std::lround(QFontInfo(font()).pixelSize())));
+  // From the texts at the comfortable size, which the preferred size has measured already.
+  const int measured = std::max(
+      1, static_cast<int>(std::lround(QFontInfo(font()).pixelSize() * kComfortable * kBeside)));
   const double k = font_px * kBeside / measured;
   TextRoom t = TextsAt(measured / kBeside);
   for (double* v : {&t.range_w, &t.verdict_w, &t.key_w, &t.heading_h, &t.line_h, &t.setup_h,
@@ -195,8 +197,13 @@ QSize BoardTable::PreferredSize(int n) const {
 }
 
 QSize BoardTable::minimumSizeHint() const {
-  const Sizes s = Measure(SmallestFont(), n_);
+  const Sizes s = Measure(SmallestFont(), n_, exact_minimum_);
   return {static_cast<int>(std::ceil(s.width)), static_cast<int>(std::ceil(s.height))};
+}
+
+void BoardTable::MeasureMinimum() {
+  exact_minimum_ = true;
+  updateGeometry();
 }
 
 void BoardTable::resizeEvent(QResizeEvent* event) {

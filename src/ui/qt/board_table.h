@@ -48,7 +48,10 @@ class BoardTable : public QWidget {
   // The table with n rows at a comfortable card size.
   QSize PreferredSize(int n) const;
   QSize sizeHint() const override { return PreferredSize(n_); }
+  // Until MeasureMinimum, from texts scaled to the smallest size: its fonts are not needed for
+  // the first frame.
   QSize minimumSizeHint() const override;
+  void MeasureMinimum();
   // The pixel size of the card faces' font, as placed now.
   double cardFontSize() const { return placed_font_; }
   // The largest face font with which n rows fit the room, and the smallest the table takes.
@@ -68,7 +71,7 @@ class BoardTable : public QWidget {
     QFont mono, keys, label, heading;
   };
   Fonts FontsFor(double font_px) const;
-  // With `exact` false, the texts are scaled from those at the window's font: for searching.
+  // With `exact` false, the texts are scaled from those at a comfortable size: for searching.
   Sizes Measure(double font_px, int n, bool exact = true) const;
   // What the texts beside the cards need at one pixel size. Fonts come in whole pixels, so the
   // search for the largest board measures each size's texts once.
@@ -85,6 +88,7 @@ class BoardTable : public QWidget {
   std::array<QLabel*, kMaxStackSize + 1> keys_{};
   double placed_font_ = 0;
   bool arrange_pending_ = true;
+  bool exact_minimum_ = false;
   mutable std::map<int, TextRoom> text_room_;  // by the texts' pixel size
   mutable QString measured_captions_;
 };

@@ -403,6 +403,13 @@ void GameWindow::Rescale() {
   ScaleTexts(side_->FitScale(*table_, room, prompt_line_height_));
 }
 
+void GameWindow::MeasureSmallest() {
+  if (smallest_measured_) return;
+  smallest_measured_ = true;
+  side_->MeasureSmallest();
+  table_->MeasureMinimum();
+}
+
 void GameWindow::ScaleTexts(double scale) {
   side_->SetScale(scale);
   const int px = static_cast<int>(std::lround(QFontInfo(font()).pixelSize() * side_->scale()));
@@ -463,6 +470,8 @@ bool GameWindow::OnBackground(QWidget* hit) const {
 bool GameWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched != central_) return QMainWindow::eventFilter(watched, event);
   if (event->type() == QEvent::Resize) Rescale();
+  if (event->type() == QEvent::Paint && !smallest_measured_)
+    QTimer::singleShot(0, this, &GameWindow::MeasureSmallest);
   if (event->type() == QEvent::MouseButtonPress) {
     auto* mouse = static_cast<QMouseEvent*>(event);
     if (mouse->button() == Qt::LeftButton &&

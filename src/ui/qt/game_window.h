@@ -49,6 +49,9 @@ class GameWindow : public QMainWindow {
   // The window's size with 10-card Stacks, 9105 x 5235 twips, in this screen's logical pixels.
   QSize BaseSize() const;
   BoardTable* table() const { return table_; }
+  // The window's smallest size measured at its fonts, not estimated; done just after the first
+  // frame, whose fonts it does not need.
+  void MeasureSmallest();
   // The model event a key stands for ("lblCardA(3)"), or "" for none.
   static std::string KeyTarget(int key, Qt::KeyboardModifiers modifiers, quint32 scan_code);
 
@@ -101,6 +104,7 @@ class GameWindow : public QMainWindow {
   int fitted_stack_size_ = 0;
   std::array<QSize, kMaxStackSize + 1> size_for_{};  // the window's size by Stack size
   bool placed_ = false;
+  bool smallest_measured_ = false;
 };
 
 }  // namespace bq::qt

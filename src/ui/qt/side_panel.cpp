@@ -37,18 +37,30 @@ SidePanel::SidePanel(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
 }
 
+QSize SidePanel::Measured() {
+  layout()->invalidate();
+  layout()->activate();
+  return {layout()->sizeHint().width() + static_cast<int>(extra_ * scale_),
+          layout()->minimumSize().height()};
+}
+
 void SidePanel::Measure(int extra) {
   extra_ = extra;
-  auto measure = [&] {
-    layout()->invalidate();
-    layout()->activate();
-    return QSize(layout()->sizeHint().width() + static_cast<int>(extra * scale_),
-                 layout()->minimumSize().height());
-  };
-  SetScale(kSmallest);
-  small_ = measure();
   SetScale(1);
-  base_ = measure();
+  base_ = Measured();
+  // Fonts at the smallest size are not needed for the first frame: in proportion until then.
+  small_ = (QSizeF(base_) * kSmallest).toSize();
+  updateGeometry();
+}
+
+void SidePanel::MeasureSmallest() {
+  if (small_measured_) return;
+  small_measured_ = true;
+  const double now = scale_;
+  SetScale(kSmallest);
+  small_ = Measured();
+  SetScale(now);
+  Measured();
   updateGeometry();
 }
 
@@ -58,20 +70,29 @@ QSizeF SidePanel::SizeAt(double scale) const {
   return QSizeF(small_) + (QSizeF(base_) - QSizeF(small_)) * std::max(0.0, t);
 }
 
-double SidePanel::FitScale(const BoardTable& table, QSize room, int line_height) const {
+double SidePanel::FitScale(const BoardTable& table, QSize room, int line_height) {
   // Larger faces by a margin once the cards have grown past their comfortable size, by that of
   // the texts on the table below it.
   constexpr double kTextPerFace = 1 / 1.3, kBesidePerFace = 0.9;
   const double ui = QFontInfo(QApplication::font(this)).pixelSize();
+  // Down to here the texts keep the window's font, and the panel its size there.
+  const double same_font = 1 - 0.5 / ui;
   auto fits = [&](double s) {
-    const QSizeF side = SizeAt(s);
+    const QSizeF side = s >= same_font && s < 1 ? QSizeF(base_) : SizeAt(s);
     const QSize rest(room.width() - static_cast<int>(std::ceil(side.width())),
                      room.height() - static_cast<int>(std::ceil(line_height * s)));
     return side.height() <= rest.height() &&
            table.FitFont(rest, table.stackSize()) * (s < 1 ? kBesidePerFace : kTextPerFace) >=
                ui * s;
   };
-  double low = kSmallest, high = 4;
+  // Below the window's font the panel's size comes from its measure at the smallest, which the
+  // window only needs when the texts must shrink.
+  double low = same_font, high = 4;
+  if (!fits(same_font)) {
+    MeasureSmallest();
+    low = kSmallest;
+    high = same_font;
+  }
   while (high - low > 0.02) {
     const double mid = (low + high) / 2;
     (fits(mid) ? low : high) = mid;

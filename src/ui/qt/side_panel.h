@@ -19,16 +19,19 @@ class SidePanel : public QWidget {
  public:
   static constexpr double kSmallest = 0.65;
   explicit SidePanel(QWidget* parent = nullptr);
-  // Call once the contents are in: notes the panel's size at the window's font and at the
-  // smallest, with `extra` width for captions that turn bold during a game.
+  // Call once the contents are in: notes the panel's size at the window's font, with `extra`
+  // width for captions that turn bold during a game, and estimates it at the smallest.
   void Measure(int extra);
+  // Measures the panel at the smallest instead of estimating it (once).
+  void MeasureSmallest();
   // The room the panel takes with its texts at `scale`: measured up to the window's font, grown
   // in proportion beyond it (a little generous, since not all of it grows).
   QSizeF SizeAt(double scale) const;
   // The largest scale at which the table's cards, in what is left of `room` beside the panel and
   // above a prompt line `line_height` high at the window's font, still have larger faces than
   // the panel's texts.
-  double FitScale(const BoardTable& table, QSize room, int line_height) const;
+  // Measures the smallest first if the texts must shrink.
+  double FitScale(const BoardTable& table, QSize room, int line_height);
   // Texts at `scale` times the window's font; the width follows.
   void SetScale(double scale);
   double scale() const { return scale_; }
@@ -36,10 +39,12 @@ class SidePanel : public QWidget {
   QSize minimumSizeHint() const override { return small_; }
 
  private:
+  QSize Measured();
   QSize base_, small_;
   double scale_ = 1;
   ScaledIndicators* indicators_ = nullptr;  // made at the first scaled size
   int extra_ = 0;
+  bool small_measured_ = false;
 };
 
 // The moves of the game in words, newest on top, as many as there is room for.

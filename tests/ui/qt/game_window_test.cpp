@@ -330,6 +330,7 @@ class GameWindowTest : public QObject {
   void theBoardFitsSmallScreensAndGrowsWithTheWindow() {
     Session s("[Options]\nSetStackem=1\n");
     GameWindow* w = s.window();
+    w->MeasureSmallest();  // as just after the first frame
     const QSize smallest = w->minimumSizeHint();
     QVERIFY2(smallest.width() <= 960 && smallest.height() <= 540 - 62,
              qPrintable(QStringLiteral("%1x%2").arg(smallest.width()).arg(smallest.height())));
