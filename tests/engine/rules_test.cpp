@@ -75,6 +75,12 @@ TEST(Referee, EachKindOfMoveTestsTheStacksItShould) {
   g.discard_top = 5;
   ASSERT_TRUE(Apply(g, {K::kTakeDiscard, kSideA, 1}, rng));
   EXPECT_EQ(g.turn_result, kAInOrder);
+  // Side A's pass looks at no Stack, not even its own in order: it only buries the discard.
+  g = Position({1, 2, 3, 4, 5, 6, 7, 8, 9, 10}, {95, 20, 30, 40, 50, 60, 70, 80, 90, 100});
+  ASSERT_TRUE(Apply(g, {K::kPass, kSideA}, rng));
+  EXPECT_EQ(g.turn_result, kUndecided);
+  EXPECT_EQ(g.discard_top, 98);
+  EXPECT_EQ(g.buried[1], 97);
 
   // Smackem tests the Stack it changed: the computer's swap can hand the player the game.
   g = Position({1, 2, 3, 4, 5, 6, 7, 8, 10, 9}, {20, 10, 30, 40, 50, 60, 70, 80, 90, 95},
@@ -185,7 +191,9 @@ TEST(Referee, OpeningThenPlayAndAResultAtTheDealStands) {
   EXPECT_EQ(g.Card(kSideA, 10), 1);
   EXPECT_EQ(g.turn_owner, kSideB);
   rng.Script({0.7f});
-  ASSERT_TRUE(Apply(g, {K::kSwitchem, kSideB}, rng));  // keeps its Stack
+  // Side B's swap that puts its Stack in order ends the opening and decides the game there.
+  ASSERT_TRUE(Apply(g, {K::kSwitchem, kSideB, 1, 2}, rng));
+  EXPECT_EQ(g.turn_result, kBInOrder);
   EXPECT_EQ(g.phase, Phase::kPlay);
   EXPECT_EQ(g.turn_owner, kSideB);
   EXPECT_EQ(rng.draws(), 1);

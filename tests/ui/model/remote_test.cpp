@@ -118,6 +118,7 @@ TEST(Remote, WholeGamesWithEveryOptionEndAlikeOnBothCopies) {
       // Every message of honest play is taken, the relayed clicks of Learn Mode included.
       ASSERT_NE(m.a.Panel(2), "Bad data received");
       ASSERT_NE(m.b.Panel(2), "Bad data received");
+      ASSERT_FALSE(m.a.Up("mnuEditUndo") || m.b.Up("mnuEditUndo")) << "never against a person";
       if (!m.a.Up("cmdSmackemB") && !m.a.Up("cmdTakemB") && !m.b.Up("cmdSmackemB") &&
           !m.b.Up("cmdTakemB"))
         ExpectAgreement(m.a, m.b);

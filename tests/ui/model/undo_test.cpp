@@ -1,8 +1,7 @@
 // Undo against the computer: the position it restores, the Draw Pile card already seen, the
-// statistics, and where it is not offered.
+// statistics, and where it is not offered (never against a person: see the network tests).
 #include <string>
 
-#include "net/link.h"
 #include "store/settings.h"
 #include "ui/model/game_test_util.h"
 
@@ -89,31 +88,6 @@ TEST(Undo, AGameWithAnUndoIsNotCounted) {
     EXPECT_FALSE(g.Up("mnuEditUndo"));
     EXPECT_EQ(LoadSettings(g.file.path()).stats[kVsComputer].wins[7], undos == 0 ? 1 : 0);
   }
-}
-
-// Against a person, after a move of each side, Undo stays greyed and a click is ignored.
-TEST(Undo, NeverInANetworkGame) {
-  Game a;
-  auto [link, other] = net::MemoryLink::Pair();
-  a.app.SetLink(link.get());
-  link->SetReceiver([&a](const std::string& m) { a.app.Receive(m); });
-  other->SetReceiver([](const std::string&) {});
-  const auto arrive = [&](const char* text) {
-    link->Arrive("127.0.0.1", 1002, text);
-    link->Pump();
-  };
-  a.Press({"optVsHuman", "cmdSetupRemoteOpponent"});
-  a.Type("frmCommunicate.txtPortA", "1001");
-  a.Type("frmCommunicate.txtIPB", "127.0.0.1");
-  a.Type("frmCommunicate.txtPortB", "1002");
-  a.Press({"frmCommunicate.cmdSend", "cmdNew"});
-  arrive("acce");
-  arrive("pass");
-  a.Press({"lblDiscardPile", "lblCardA(1)", "cmdPlayA"});
-  arrive("pass");
-  ASSERT_EQ(a.Field("MoveCountA") + a.Field("MoveCountB") + a.Field("TurnOwner"), "121");
-  EXPECT_FALSE(a.Up("mnuEditUndo"));
-  EXPECT_FALSE(a.Click("mnuEditUndo"));
 }
 
 }  // namespace
