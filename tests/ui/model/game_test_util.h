@@ -65,6 +65,12 @@ struct Game {
     ASSERT_EQ(model.GetField("TurnResult"), "0");
     ASSERT_EQ(model.GetField("TurnOwner"), "1");
   }
+  // Side A one card from order: the Discard Pile card completes its Stack.
+  void WinOnTheFirstMove() {
+    Set("Stacks(1)", "5 15 25 35 45 55 65 75 85 99");
+    Set("DiscardTop", "95");
+    Press({"lblDiscardPile", "lblCardA(10)", "cmdPlayA"});
+  }
   // Starts a game whose shuffle brings `top` to the top of the deck: side A's Stack, side B's, the
   // Discard Pile card, then the Draw Pile. `first_mover` is the draw that picks who begins.
   void NewGameDealing(const std::vector<int>& top, float first_mover) {

@@ -124,19 +124,5 @@ TEST(ComputerTurn, ATakeFromTheDrawPileOnShowLightsThePileAndTheSlot) {
   EXPECT_EQ(g.C("lblDrawPile").marked + g.C("lblCardB(5)").marked, 2);
 }
 
-TEST(ComputerTurn, ItsFirstTurnJudgesWithTheMarksTheDealLeft) {
-  Game g;
-  g.Press({"chkTakem", "optLearnModeOn"});
-  // The deal settles four of the computer's slots; the computer begins, with 61 to judge.
-  g.NewGameDealing(
-      {58, 70, 62, 7, 79, 67, 27, 55, 34, 18, 48, 26, 32, 35, 50, 85, 95, 40, 44, 20, 61}, 0.9f);
-  // Each settled slot counted once: too few for a Takem. Every mark is cleared for the new game,
-  // and 61 fits the range the deal gave slot 7.
-  EXPECT_EQ(g.Field("SettledCount"), "4");
-  EXPECT_FALSE(g.C("cmdTakemC").visible);
-  ASSERT_TRUE(g.C("cmdCTakesDiscard").visible);
-  EXPECT_EQ(g.C("lblCardB(7)").marked, 1);
-}
-
 }  // namespace
 }  // namespace bq

@@ -11,8 +11,6 @@
 #include <cmath>
 
 #include "qt_fixture.h"
-#include "ui/model/how_to_model.h"
-#include "ui/qt/app_paths.h"
 
 using namespace bq;
 using namespace bq::qt;
@@ -124,10 +122,8 @@ class Screenshots : public QObject {
  private slots:
   void board();
   void learnModeWithJudgement();
-  void statistics();
   void howToPictures();
   void helpDocumentBoard();
-  void aboutAndHowTo();
 };
 
 // The board after the computer's reply to a first move (its change lit up), light and dark, 10
@@ -242,31 +238,6 @@ void Screenshots::howToPictures() {
   page.drawContents(&painter);
   painter.end();
   SaveImage(image, PicturesDir(), QStringLiteral("howto-rules.jpg"), 75);
-}
-
-void Screenshots::statistics() {
-  Session s(
-      "[StatsVsComputer]\nWins1=5\nLosses1=3\nTies1=1\nWins2=2\nLosses2=2\n"
-      "Wins7=7\nLosses7=5\nTies7=1\nWins8=3\nLosses8=2\nTies8=1\nLastWinner=1\nWStreak=2\n");
-  s.find<QAction>("mnuStats")->trigger();
-  QWidget* stats = s.front->View("frmStats");
-  QVERIFY(stats != nullptr && QTest::qWaitForWindowExposed(stats));
-  Save(stats, QStringLiteral("screenshot-statistics.png"));
-}
-
-void Screenshots::aboutAndHowTo() {
-  QApplication::setWindowIcon(AppIcon(QStringLiteral(BQ_SOURCE_DATA_DIR)));
-  Session s;
-  QVERIFY(QTest::qWaitForWindowExposed(s.window()));
-  s.find<QAction>("mnuHelpAbout")->trigger();
-  QWidget* about = s.front->View("frmAbout");
-  QVERIFY(about != nullptr && QTest::qWaitForWindowExposed(about));
-  Save(about, QStringLiteral("screenshot-about.png"));
-  s.front->set_data_dir(QStringLiteral(BQ_SOURCE_DATA_DIR));
-  s.app->how_to().Open();
-  QWidget* how = s.front->View("frmHowTo");
-  QVERIFY(how != nullptr && QTest::qWaitForWindowExposed(how));
-  Save(how, QStringLiteral("screenshot-how-to.png"));
 }
 
 QTEST_MAIN(Screenshots)
