@@ -39,22 +39,37 @@ TEST(JudgementTest, BaseRangesStandUntilSomethingSettles) {
     EXPECT_EQ(j.low[i], 10 * i - 9) << i;
     EXPECT_EQ(j.high[i], 10 * i) << i;
   }
-}
-
-TEST(JudgementTest, SettlingAndSentinels) {
-  Judgement ordered = Fresh({5, 15, 25, 35, 45, 55, 65, 75, 85, 95});
-  ordered.MarkingPass();
-  EXPECT_EQ(Marks(ordered), "1111111111");
-  ordered.UpdateJudgement();
-  EXPECT_EQ(ordered.settled_count, 10);  // a settled slot is never counted again
-
   Judgement ends = Fresh({1, 81, 71, 61, 51, 41, 31, 21, 11, 100});
   ends.UpdateJudgement();
   EXPECT_EQ(Marks(ends), "1000000001") << ends.ToString();
-  // Pairs against the sentinels: 0 < 4 < 9 < 25 and 75 < 92 < 99 < 101.
-  Judgement pairs = Fresh({9, 4, 25, 35, 45, 55, 65, 75, 99, 92});
-  pairs.MarkingPass();
-  EXPECT_EQ(Marks(pairs), "RR111111RR") << pairs.ToString();
+}
+
+// One marking pass over named Stacks.
+TEST(JudgementTest, MarkingPassOnNamedStacks) {
+  const std::pair<std::vector<int>, std::string> cases[] = {
+      {{5, 15, 25, 35, 45, 55, 65, 75, 85, 95}, "1111111111"},
+      // Pairs against the sentinels: 0 < 4 < 9 < 25 and 75 < 92 < 99 < 101.
+      {{9, 4, 25, 35, 45, 55, 65, 75, 99, 92}, "RR111111RR"},
+      // Neighbours one apart beside an unsettled slot: below it (29, 28) and above it (38, 37).
+      {{5, 55, 29, 28, 45, 51, 65, 75, 85, 95}, "10RR111111"},
+      {{5, 15, 25, 38, 37, 90, 65, 75, 85, 95}, "111RR01111"},
+      // The pair after a settled slot that itself follows an unsettled one: 34, 33 after the 22.
+      {{11, 44, 22, 34, 33, 39, 18, 51, 62, 84}, "001RR00000"},
+      // The pattern above measures its distance to the unsettled slot too: 20 there stops it.
+      {{5, 15, 25, 38, 37, 20, 65, 75, 85, 95}, "1111001111"},
+  };
+  for (const auto& [cards, marks] : cases) {
+    Judgement j = Fresh(cards);
+    j.MarkingPass();
+    EXPECT_EQ(Marks(j), marks) << j.ToString();
+  }
+  Judgement ordered = Fresh(cases[0].first);
+  ordered.MarkingPass();
+  ordered.UpdateJudgement();
+  EXPECT_EQ(ordered.settled_count, 10);  // a settled slot is never counted again
+  Judgement below = Fresh(cases[2].first);
+  below.MarkingPass();
+  EXPECT_EQ(below.settled_count, 7);
 }
 
 TEST(JudgementTest, RunsShareTheirSpanEvenly) {
@@ -102,23 +117,6 @@ TEST(JudgementTest, ReversedPairs) {
   EXPECT_EQ(j.low[6], 46);
   // The standing pair is counted again in each of the 9 rounds after the one that found it.
   EXPECT_EQ(j.reversed_count, 20);
-
-  // Neighbours one apart beside an unsettled slot: below it (29, 28) and above it (38, 37).
-  Judgement below = Fresh({5, 55, 29, 28, 45, 51, 65, 75, 85, 95});
-  below.MarkingPass();
-  EXPECT_EQ(Marks(below), "10RR111111") << below.ToString();
-  EXPECT_EQ(below.settled_count, 7);
-  Judgement above = Fresh({5, 15, 25, 38, 37, 90, 65, 75, 85, 95});
-  above.MarkingPass();
-  EXPECT_EQ(Marks(above), "111RR01111") << above.ToString();
-  // The pair after a settled slot that itself follows an unsettled one: 34, 33 after the 22.
-  Judgement lone = Fresh({11, 44, 22, 34, 33, 39, 18, 51, 62, 84});
-  lone.MarkingPass();
-  EXPECT_EQ(Marks(lone), "001RR00000") << lone.ToString();
-  // The pattern above measures its distance to the unsettled slot too: 20 there stops it.
-  Judgement quirk = Fresh({5, 15, 25, 38, 37, 20, 65, 75, 85, 95});
-  quirk.MarkingPass();
-  EXPECT_EQ(Marks(quirk), "1111001111") << quirk.ToString();
 }
 
 // UpdateJudgement round by round as the rules state it, without the fixed-point shortcut.

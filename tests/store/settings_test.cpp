@@ -57,22 +57,15 @@ std::string StatsText(const AllStats& stats, std::initializer_list<int> kinds) {
 }
 
 TEST(Settings, DefaultsForMissingEmptyAndJunkFiles) {
-  std::string binary;
-  for (int i = 0; i < 5000; ++i) binary += static_cast<char>((i * 131 + 7) % 256);
-  const std::string cases[] = {"(missing)", "", binary, "[Options\nSetOpponent 5\n=3\n[]\n"};
-  for (const std::string& text : cases) {
-    SCOPED_TRACE(&text - cases);
+  for (const char* text : {"(missing)", "", "[Options\nSetOpponent 5\n=3\n[]\n"}) {
     test::TempSettings file;
-    if (&text != &cases[0]) file.Write(text);
-    const Settings s = LoadSettings(file.path());
-    EXPECT_EQ(s.left, 0);
-    EXPECT_EQ(s.top, 0);
-    EXPECT_EQ(s.options, (StoredOptions{0, 0, 0, 0, 0, 0, 1, 2, 2}));
-    EXPECT_EQ(s.stats, AllStats{});
-    EXPECT_FALSE(s.expert);
-    EXPECT_TRUE(s.sound);
-    EXPECT_TRUE(s.ask_before_abandoning);
+    if (std::string(text) != "(missing)") file.Write(text);
+    EXPECT_EQ(LoadSettings(file.path()), Settings{}) << text;
   }
+  const Settings s;
+  EXPECT_EQ(s.options, (StoredOptions{0, 0, 0, 0, 0, 0, 1, 2, 2}));
+  EXPECT_TRUE(s.left == 0 && s.top == 0 && s.sound && s.ask_before_abandoning && !s.expert);
+  EXPECT_EQ(s.stats, AllStats{});
 }
 
 TEST(Settings, FullWriteHasAll67KeysInOrderThenOursAndReadsBack) {
@@ -89,17 +82,9 @@ TEST(Settings, FullWriteHasAll67KeysInOrderThenOursAndReadsBack) {
       StatsText(s.stats, {kVsExpert});
   EXPECT_EQ(file.Read(), expected);
 
-  const Settings back = LoadSettings(file.path());
-  EXPECT_EQ(back.left, 1e6f);
-  EXPECT_EQ(back.top, 345) << "read by its leading digits";
-  EXPECT_EQ(back.options, s.options);
-  EXPECT_EQ(back.stats, s.stats);
-  EXPECT_FALSE(back.sound);
-  EXPECT_FALSE(back.ask_before_abandoning);
-  EXPECT_EQ(back.opponent_address, s.opponent_address);
-  EXPECT_EQ(back.opponent_port, s.opponent_port);
-  EXPECT_EQ(back.local_port, s.local_port);
-  EXPECT_TRUE(back.expert);
+  Settings back = s;
+  back.top = 345;  // read by its leading digits
+  EXPECT_EQ(LoadSettings(file.path()), back);
 }
 
 TEST(Settings, ValuesReadAsClampedProfileIntegers) {

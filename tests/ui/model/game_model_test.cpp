@@ -50,6 +50,7 @@ TEST(StartUp, StoredOptionsAreAppliedAndOnlyOneMeansOn) {
 }
 
 TEST(StartUp, NarrowScreenRefusesStackemAndTheNextSaveSaysSo) {
+  EXPECT_EQ(Game("[Options]\nSetStackem=1\n", 600).Field("StackSize"), "20");
   Game g("[Options]\nSetStackem=1\n", 599);
   EXPECT_EQ(g.Field("StackSize"), "10");
   EXPECT_EQ(g.C("chkStackem").value, 0);

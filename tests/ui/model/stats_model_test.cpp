@@ -57,24 +57,7 @@ TEST_F(StatsModelTest, ShowsTheCurrentKindAndTogglesWithoutRereading) {
   EXPECT_EQ(platform_.windows, std::vector<std::string>{"open frmStats"});
 }
 
-TEST_F(StatsModelTest, ClearingAfterYesClearsOnlyTheShownKind) {
-  model_.Open(file_.path(), false);
-  ASSERT_TRUE(model_.Click("cmdClearStats"));
-  EXPECT_EQ(ConfirmText(), "Do you really want to clear your statistics vs humans?");
-  EXPECT_EQ(model_.Confirm().Focus(), "cmdNo");
-  EXPECT_EQ(file_.Read(), kMixedFile) << "nothing is written before the answer";
-  ASSERT_TRUE(model_.Confirm().Click("cmdYes"));
-  EXPECT_FALSE(model_.Confirm().IsOpen());
-  EXPECT_EQ(Caption("lblLosses(2)"), "0");
-  EXPECT_EQ(Caption("lblLStreak"), "0");
-
-  const Settings after = LoadSettings(file_.path());
-  EXPECT_EQ(after.stats[kVsHumans], GameStats{});
-  EXPECT_EQ(after.stats[kVsComputer].wins[8], 4);
-  EXPECT_EQ(file_.Read().rfind("[Options]\nSetStackem=1\n[StatsVsComputer]\n", 0), 0u);
-}
-
-TEST_F(StatsModelTest, NoOrClosingTheModalDialogChangesNothing) {
+TEST_F(StatsModelTest, NoChangesNothingAndYesClearsOnlyTheShownKind) {
   model_.Open(file_.path(), true);
   ASSERT_TRUE(model_.Click("cmdClearStats"));
   EXPECT_EQ(ConfirmText(), "Do you really want to clear your statistics vs computer?");
@@ -84,7 +67,21 @@ TEST_F(StatsModelTest, NoOrClosingTheModalDialogChangesNothing) {
   ASSERT_TRUE(model_.Confirm().Close());
   EXPECT_FALSE(model_.Confirm().Click("cmdYes")) << "a closed dialog takes no answer";
   EXPECT_EQ(Caption("lblWins(1)"), "1");
-  EXPECT_EQ(file_.Read(), kMixedFile);
+  EXPECT_EQ(file_.Read(), kMixedFile) << "No, or the frame, changes nothing";
+
+  ASSERT_TRUE(model_.Click("cmdShowOtherStats"));
+  ASSERT_TRUE(model_.Click("cmdClearStats"));
+  EXPECT_EQ(ConfirmText(), "Do you really want to clear your statistics vs humans?");
+  EXPECT_EQ(model_.Confirm().Focus(), "cmdNo");
+  ASSERT_TRUE(model_.Confirm().Click("cmdYes"));
+  EXPECT_FALSE(model_.Confirm().IsOpen());
+  EXPECT_EQ(Caption("lblLosses(2)"), "0");
+  EXPECT_EQ(Caption("lblLStreak"), "0");
+
+  const Settings after = LoadSettings(file_.path());
+  EXPECT_EQ(after.stats[kVsHumans], GameStats{});
+  EXPECT_EQ(after.stats[kVsComputer].wins[8], 4);
+  EXPECT_EQ(file_.Read().rfind("[Options]\nSetStackem=1\n[StatsVsComputer]\n", 0), 0u);
 }
 
 TEST_F(StatsModelTest, FailedClearKeepsTheNumbersAndSaysSo) {
