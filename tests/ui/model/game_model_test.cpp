@@ -46,6 +46,7 @@ TEST(StartUp, StoredOptionsAreAppliedAndOnlyOneMeansOn) {
   EXPECT_EQ(g.C("lblStackB").caption, "Opponent's Stack");
   // Nobody to play with until a connection is set up.
   EXPECT_EQ(g.Live({"mnuSetupRemoteOpponent", "cmdNew"}), "mnuSetupRemoteOpponent");
+  EXPECT_EQ(g.C("lblPrompt").caption, "Set up the connection with your opponent to start a game.");
   EXPECT_EQ(g.Field("FastMode") + g.Field("LearnMode"), "01");
 }
 

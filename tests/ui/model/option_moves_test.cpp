@@ -153,6 +153,7 @@ TEST(Takem, AMarkedDiscardPileStaysMarkedAndACardMakesTheMoveReady) {
   g.NewGameAFirst({"chkTakem"});
   g.Set("DiscardTop", "77");
   g.Press({"lblDiscardPile", "cmdSetupTakemA"});
+  EXPECT_TRUE(g.Up("cmdSetupTakemA")) << "pressed again, it gives the move up";
   EXPECT_EQ(g.C("lblDiscardPile").marked, 1);
   EXPECT_FALSE(g.C("lblDiscardPile").enabled);
   g.Press({"lblCardA(3)"});

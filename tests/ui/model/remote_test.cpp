@@ -437,7 +437,9 @@ TEST(Remote, SilenceAndStrangersAreExplainedOnThePromptLine) {
   };
   Match m;
   m.Send(m.a, {"cmdNew"});
-  // a waits for the answer, b thinks it over.
+  // a waits for the answer, b thinks it over; a's own clicks meanwhile do not restart the count.
+  m.a.platform.now_ms = 10000;
+  m.a.Press({"mnuOptionsSound"});
   at(m.a, 29999);
   EXPECT_FALSE(says(m.a, silence));
   at(m.a, 30000);
