@@ -2,8 +2,10 @@
 """Start-up of the program against an empty Qt Widgets window, under Xvfb.
 
 The empty window draws no text; the same window with one line of text ("one line") shows what
-any window with words pays on top: reading the font database and loading a font. Starts all three
-several times, interleaved, on one virtual display of its own, and measures for each
+any window with words pays on top: reading the font database and loading a font. Both come at the
+game window's base size and again at the size the program's window first appears at ("same
+size"), since a larger window costs more memory to draw into. Starts them all several times,
+interleaved, on one virtual display of its own, and measures for each
 start the whole process from the moment it is spawned to its first painted frame (and the
 processor time it used until then), and its proportional set size (PSS) a moment after that
 frame. Prints the medians and the ratios.
@@ -68,10 +70,10 @@ def one_start(command, env, settle, timeout=30.0):
         ready, _, _ = select.select([read_end], [], [], timeout)
         painted = time.perf_counter()
         line = os.read(read_end, 64).split() if ready else []
-        if len(line) != 2 or line[0] != b"painted":
+        if len(line) != 3 or line[0] != b"painted":
             raise RuntimeError(f"{command[0]}: no frame within {timeout} s")
         time.sleep(settle)
-        return painted - began, int(line[1]) / 1e6, pss_kib(process.pid)
+        return painted - began, int(line[1]) / 1e6, pss_kib(process.pid), line[2].decode()
     finally:
         os.close(read_end)
         process.send_signal(signal.SIGKILL)
@@ -114,7 +116,12 @@ def main():
     try:
         # One start of each first, not counted: the display's and the disk cache's first time.
         for command in programs.values():
-            one_start(command, env, 0)
+            size = one_start(command, env, 0)[3]  # the program's own comes last
+        programs["empty, same size"] = [empty, "--size", size]
+        programs["line, same size"] = [empty, "--text", "--size", size]
+        for name in ("empty, same size", "line, same size"):
+            results[name] = ([], [], [])
+            one_start(programs[name], env, 0)
         names = list(programs)
         for run in range(args.runs):
             for name in (names if run % 2 == 0 else reversed(names)):
@@ -128,21 +135,21 @@ def main():
         shutil.rmtree(scratch, ignore_errors=True)
 
     print(f"{args.runs} starts each, interleaved, on Xvfb {display} (1920x1080); "
-          f"load average {os.getloadavg()[0]:.2f}")
-    print(f"{'':14} {'first frame, ms':^24} {'processor, ms':^24} {'PSS, MB':^24}")
-    print(f"{'':14}" + f" {'median':>8} {'min':>7} {'max':>7}" * 3)
+          f"load average {os.getloadavg()[0]:.2f}; the program's window first appears at {size}")
+    print(f"{'':16} {'first frame, ms':^24} {'processor, ms':^24} {'PSS, MB':^24}")
+    print(f"{'':16}" + f" {'median':>8} {'min':>7} {'max':>7}" * 3)
     medians = {}
     for name, (times, cpu, pss) in results.items():
-        row = f"{name:14}"
+        row = f"{name:16}"
         for values, scale, digits in ((times, 1000, 0), (cpu, 1000, 0), (pss, 1 / 1024, 1)):
             v = [x * scale for x in values]
             row += f" {statistics.median(v):8.{digits}f} {min(v):7.{digits}f} {max(v):7.{digits}f}"
         print(row)
         medians[name] = [statistics.median(values) for values in (times, cpu, pss)]
     game = medians["bramblequay"]
-    for name in ("empty window", "one line"):
+    for name in ("empty window", "one line", "empty, same size", "line, same size"):
         base = medians[name]
-        print(f"ratio to {name + ':':13} first frame {game[0] / base[0]:.2f}x, "
+        print(f"ratio to {name + ':':17} first frame {game[0] / base[0]:.2f}x, "
               f"processor {game[1] / base[1]:.2f}x, PSS {game[2] / base[2]:.2f}x")
 
 
