@@ -53,7 +53,7 @@ int main(int argc, char** argv) {
       g.Init();
       if (options[kStackem]) g.StackemOn();
       NewGame(g, options, kDrawnFirst, rng);
-      ai::ExpertSeat expert(side);
+      ai::ExpertSeat expert(side, ai::ExpertSeat::Opponent::kClassic);
       ai::ComputerSeat classic(kSideA + kSideB - side);
       expert.NewGame(g);
       classic.NewGame(g);

@@ -109,7 +109,8 @@ double Expert::Gift(const SeatView& v, int card) const {
 
 // The work after one more turn played by the one-turn judgement: a Discard Pile card, else a
 // look at the Draw Pile card, each as likely as any unseen card.
-double Expert::NextTurnWork(const SeatView& v, const Pool& pool, const StackCards& cards) const {
+double Expert::NextTurnWork(const SeatView& v, const Pool& pool, const Gifts& gift,
+                            const StackCards& cards) const {
   const int n = v.stack_size;
   const bool backem = v.options[kBackem];
   const double now = Work(cards, n, backem, pool);
@@ -123,11 +124,11 @@ double Expert::NextTurnWork(const SeatView& v, const Pool& pool, const StackCard
     for (int k = 1; k <= n; ++k) {
       const int old = trial[At(k)];
       trial[At(k)] = card;
-      best = std::min(best, Work(trial, n, backem, pool) + Gift(v, old));
+      best = std::min(best, Work(trial, n, backem, pool) + gift[At(old)]);
       trial[At(k)] = old;
     }
     placed[At(count++)] = best;
-    look += std::min(now + Gift(v, card), best);
+    look += std::min(now + gift[At(card)], best);
   }
   if (count == 0) return now;
   look /= count;
@@ -138,47 +139,50 @@ double Expert::NextTurnWork(const SeatView& v, const Pool& pool, const StackCard
 
 // The best place for `card` by the work after the next turn; only the `shortlist` places that
 // the one-turn work ranks best are looked at so far ahead.
-Expert::Choice Expert::BestPlace(const SeatView& v, const Pool& pool, int card, bool may_pass,
-                                 int shortlist) const {
+Expert::Choice Expert::BestPlace(const SeatView& v, const Pool& pool, const Gifts& gift, int card,
+                                 bool may_pass, int shortlist) const {
   const int n = v.stack_size;
   std::array<std::pair<double, int>, kMaxStackSize> ranked{};
   StackCards cards = v.own;
   for (int k = 1; k <= n; ++k) {
     const int old = cards[At(k)];
     cards[At(k)] = card;
-    ranked[At(k - 1)] = {Work(cards, n, v.options[kBackem], pool) + Gift(v, old), k};
+    ranked[At(k - 1)] = {Work(cards, n, v.options[kBackem], pool) + gift[At(old)], k};
     cards[At(k)] = old;
   }
   shortlist = std::min(shortlist, n);
   std::partial_sort(ranked.begin(), ranked.begin() + shortlist, ranked.begin() + n);
   Choice best{kNever, 0};
-  if (may_pass) best = {NextTurnWork(v, pool, v.own) + Gift(v, card), 0};
+  if (may_pass) best = {NextTurnWork(v, pool, gift, v.own) + gift[At(card)], 0};
   for (int i = 0; i < shortlist; ++i) {
     const int k = ranked[At(i)].second;
     const int old = cards[At(k)];
     cards[At(k)] = card;
-    const double work = NextTurnWork(v, pool, cards) + Gift(v, old);
+    const double work = NextTurnWork(v, pool, gift, cards) + gift[At(old)];
     cards[At(k)] = old;
     if (work < best.work) best = {work, k};
   }
   return best;
 }
 
-std::optional<Move> Expert::Decide(const SeatView& v) const {
+std::optional<Move> Expert::Decide(const SeatView& v, const Appetite* theirs) const {
   constexpr int kShortlist = 3;
   const Pool pool = Unseen(v);
+  Gifts gift{};
+  for (int c = 1; c <= kDeckSize; ++c)
+    gift[At(c)] = static_cast<float>(theirs ? weights_.gift * (*theirs)[At(c)] : Gift(v, c));
   if (v.draw_top != 0) {
-    const Choice c = BestPlace(v, pool, v.draw_top, true, kShortlist);
+    const Choice c = BestPlace(v, pool, gift, v.draw_top, true, kShortlist);
     if (c.slot == 0) return Move{MoveKind::kPass, v.side};
     return Move{MoveKind::kTakeDraw, v.side, c.slot};
   }
-  const Choice take = BestPlace(v, pool, v.discard_top, false, kShortlist);
-  const double keep = NextTurnWork(v, pool, v.own);
+  const Choice take = BestPlace(v, pool, gift, v.discard_top, false, kShortlist);
+  const double keep = NextTurnWork(v, pool, gift, v.own);
   double look = 0;
   int count = 0;
   for (size_t i = 0; i < v.unseen.size(); i += At(Step(v))) {
     const int card = v.unseen[i];
-    look += std::min(keep + Gift(v, card), BestPlace(v, pool, card, false, 1).work);
+    look += std::min(keep + gift[At(card)], BestPlace(v, pool, gift, card, false, 1).work);
     ++count;
   }
   if (count > 0) look /= count;
@@ -191,7 +195,7 @@ std::optional<Move> Expert::Decide(const SeatView& v) const {
     for (int t = 1; t <= v.stack_size; ++t) {
       const int card = v.theirs[At(t)];
       if (card == 0) continue;
-      const Choice c = BestPlace(v, pool, card, false, 1);
+      const Choice c = BestPlace(v, pool, gift, card, false, 1);
       if (c.work < best.work) {
         best = c;
         their_slot = t;
@@ -226,8 +230,9 @@ Move Expert::Opening(const SeatView& v) const {
   return best;
 }
 
-void ExpertSeat::NewGame(const GameState&) {
+void ExpertSeat::NewGame(const GameState& g) {
   shown_.NewGame();
+  classic_.NewGame(g);
   direction_named_ = false;
 }
 
@@ -267,12 +272,19 @@ Move ExpertSeat::Choose(const GameState& g, Rng& rng) {
       if (IsLegal(PublicState(v), m)) return m;
     }
   }
-  if (const std::optional<Move> m = expert_.Decide(v)) return *m;
-  return expert_.Decide(View(g, true)).value_or(Move{MoveKind::kPass, side_});
+  // Against the Classic computer, what its moves tell of its Stack says which cards it wants.
+  const auto decide = [&](const SeatView& view) {
+    std::optional<Appetite> theirs;
+    if (versus_classic_) theirs = classic_.Estimate(view);
+    return expert_.Decide(view, theirs ? &*theirs : nullptr);
+  };
+  if (const std::optional<Move> m = decide(v)) return *m;
+  return decide(View(g, true)).value_or(Move{MoveKind::kPass, side_});
 }
 
 void ExpertSeat::Applied(const GameState& g, const Move& m) {
   shown_.Applied(g, m);
+  classic_.Applied(g, m);
 }
 
 }  // namespace bq::ai

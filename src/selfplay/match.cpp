@@ -11,7 +11,8 @@ namespace {
 template <typename Seat>
 class SeatPlayer : public Player {
  public:
-  explicit SeatPlayer(int side) : seat_(side) {}
+  template <typename... Args>
+  explicit SeatPlayer(Args... args) : seat_(args...) {}
   void NewGame(const GameState& g) override { seat_.NewGame(g); }
   Move Choose(const GameState& g, Rng& rng) override { return seat_.Choose(g, rng); }
   void Applied(const GameState& g, const Move& m) override { seat_.Applied(g, m); }
@@ -22,8 +23,11 @@ class SeatPlayer : public Player {
 
 }  // namespace
 
-std::unique_ptr<Player> MakePlayer(PlayerKind kind, int side) {
-  if (kind == PlayerKind::kExpert) return std::make_unique<SeatPlayer<ai::ExpertSeat>>(side);
+std::unique_ptr<Player> MakePlayer(PlayerKind kind, int side, PlayerKind opponent) {
+  using Opponent = ai::ExpertSeat::Opponent;
+  if (kind == PlayerKind::kExpert)
+    return std::make_unique<SeatPlayer<ai::ExpertSeat>>(
+        side, opponent == PlayerKind::kClassic ? Opponent::kClassic : Opponent::kPerson);
   return std::make_unique<SeatPlayer<ai::ComputerSeat>>(side);
 }
 
@@ -31,7 +35,8 @@ Match::Match(const OptionChoice& options, Rng& rng, int move_cap, const Players&
     : choice_(options),
       rng_(rng),
       move_cap_(move_cap),
-      seats_{MakePlayer(players[0], kSideA), MakePlayer(players[1], kSideB)} {
+      seats_{MakePlayer(players[0], kSideA, players[1]),
+             MakePlayer(players[1], kSideB, players[0])} {
   // As the window loads: the game data, then every option's setter once.
   g_.Init();
   if (!choice_.random) options_ = choice_.fixed;

@@ -41,7 +41,8 @@ class Player {
   virtual Move Choose(const GameState& g, Rng& rng) = 0;
   virtual void Applied(const GameState& g, const Move& m) = 0;
 };
-std::unique_ptr<Player> MakePlayer(PlayerKind kind, int side);
+// The Expert is told when the other seat is the Classic computer.
+std::unique_ptr<Player> MakePlayer(PlayerKind kind, int side, PlayerKind opponent);
 
 // Games of the computer against a second computer in side A's seat, headless, one after the
 // other as a player's session would have them (the deck carries over from game to game). Each
