@@ -170,7 +170,7 @@ std::optional<Move> Expert::Decide(const SeatView& v, const Appetite* theirs) co
   const Pool pool = Unseen(v);
   Gifts gift{};
   for (int c = 1; c <= kDeckSize; ++c)
-    gift[At(c)] = static_cast<float>(theirs ? weights_.gift * (*theirs)[At(c)] : Gift(v, c));
+    gift[At(c)] = static_cast<float>(theirs ? weights_.taken * (*theirs)[At(c)] : Gift(v, c));
   if (v.draw_top != 0) {
     const Choice c = BestPlace(v, pool, gift, v.draw_top, true, kShortlist);
     if (c.slot == 0) return Move{MoveKind::kPass, v.side};

@@ -18,7 +18,8 @@ class Expert {
     double wait = 0.5;          // turns per hundred cards seen waiting for a card that fits
     double wait_stackem = 0.1;  // the same with 20-card Stacks, where slots fill more slowly
     double sharing = 0.4;       // 0: each slot of a gap waits alone; 1: its slots share one wait
-    double gift = 0.3;          // turns for a card the opponent will take
+    double gift = 0.3;          // turns for a card the opponent can probably use
+    double taken = 0.8;         // turns for a card the Classic computer is sure to take
   };
 
   Expert();
