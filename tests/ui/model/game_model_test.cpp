@@ -155,18 +155,6 @@ TEST(Game, AWinRecordsTheResultAndTheButtonLeadsBackToNewGame) {
   EXPECT_EQ(g.Field("TurnResult"), "0");
 }
 
-// The game was decided at the deal: the result shows, play goes on, and the win counts once.
-TEST(Game, AStackDealtInOrderWinsAndPlayStillBegins) {
-  Game g;
-  g.NewGameDealing(
-      {5, 15, 25, 35, 45, 55, 65, 75, 85, 95, 50, 40, 30, 20, 10, 60, 70, 80, 90, 100, 1}, 0.1f);
-  EXPECT_TRUE(g.Up("cmdAWins"));
-  g.Press({"lblDrawPile", "cmdPlayA"});
-  EXPECT_EQ(g.Field("MoveCountB"), "1");
-  EXPECT_TRUE(g.C("cmdAWins").visible && g.C("lblDrawPile").enabled);
-  ExpectLines(g.file.Read(), {"Wins7=1\n"});
-}
-
 TEST(JudgementDisplay, FollowsEveryMarkingPassAndLeavesTheCardsToLearnMode) {
   Game g;
   ASSERT_TRUE(g.model.ClickBackground(true));

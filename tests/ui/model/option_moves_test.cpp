@@ -23,10 +23,7 @@ TEST(Switchem, AWrongCountClearsTheMarksAndTwoCardsSwapForBothSides) {
             "Click on 2 of your cards to swap their positions.  Then click here.");
   EXPECT_FALSE(g.C("lblDrawPile").enabled);
   const GameState before = g.model.state();
-  g.Press({"lblCardA(2)"});
-  const int clicks = g.platform.clicks;
-  g.Press({"cmdSwitchemA"});
-  EXPECT_EQ(g.platform.clicks, clicks) << "the player's own button plays no click";
+  g.Press({"lblCardA(2)", "cmdSwitchemA"});
   EXPECT_EQ(g.C("lblCardA(2)").marked, 0);
   EXPECT_TRUE(g.C("cmdSwitchemA").visible);
   g.Press({"lblCardA(2)", "lblCardA(7)"});
@@ -37,7 +34,6 @@ TEST(Switchem, AWrongCountClearsTheMarksAndTwoCardsSwapForBothSides) {
   EXPECT_FALSE(g.C("cmdSwitchemA").visible);
   // The computer's Switchem is applied at once; Backem off: only the dealt orientation.
   EXPECT_EQ(g.Field("MoveCountA") + g.Field("MoveCountB") + g.Field("OpponentRowReversed"), "110");
-  EXPECT_EQ(g.C("lblDiscardPile").caption, CardFace(g.model.state().discard_top));
 }
 
 TEST(Switchem, FastModeCompletesOnTheSecondMarkAndLearnModeShowsTheComputersChoice) {

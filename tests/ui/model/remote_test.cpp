@@ -79,18 +79,15 @@ using test::Match;
 
 // The two copies see one game: my Stack is the other's opponent Stack, the piles are the same.
 void ExpectAgreement(const Copy& a, const Copy& b) {
-  const GameState& x = a.app.game().state();
-  const GameState& y = b.app.game().state();
-  ASSERT_EQ(x.stack_size, y.stack_size);
-  for (int k = 1; k <= x.stack_size; ++k) {
-    ASSERT_EQ(x.Card(kSideA, k), y.Card(kSideB, k)) << "slot " << k;
-    ASSERT_EQ(x.Card(kSideB, k), y.Card(kSideA, k)) << "slot " << k;
-  }
-  ASSERT_EQ(x.discard_top, y.discard_top);
-  ASSERT_EQ(x.draw_pos, y.draw_pos);
-  ASSERT_EQ(x.DrawTop(), y.DrawTop());
-  ASSERT_EQ(x.move_count_a, y.move_count_b);
-  ASSERT_EQ(x.move_count_b, y.move_count_a);
+  const auto seen = [](const Copy& c, bool mine) {
+    std::string s;
+    for (const char* f : {mine ? "Stacks(1)" : "Stacks(2)", mine ? "Stacks(2)" : "Stacks(1)",
+                          mine ? "MoveCountA" : "MoveCountB", mine ? "MoveCountB" : "MoveCountA",
+                          "DiscardTop", "DrawPos", "DrawCards"})
+      s += c.Field(f) + "|";
+    return s;
+  };
+  ASSERT_EQ(seen(a, true), seen(b, false));
 }
 
 TEST(Remote, WholeGamesWithEveryOptionEndAlikeOnBothCopies) {
@@ -295,31 +292,6 @@ TEST_P(LostMessage, BothPlayersGetBackToNewGame) {
 INSTANTIATE_TEST_SUITE_P(Remote, LostMessage,
                          testing::Values("invi", "acce", "setu", "pass", "quit"));
 
-TEST(Remote, DealsWithEitherDrawPileLengthArePlayedAlikeThroughARenewal) {
-  for (const bool dealer_short : {true, false}) {
-    SCOPED_TRACE(dealer_short);
-    Match m(5);
-    // Stackem on and off again leaves a 59-card Draw Pile; a fresh copy deals 79.
-    Copy& shorter = dealer_short ? m.a : m.b;
-    shorter.Press({"chkStackem", "chkStackem"});
-    ASSERT_EQ(shorter.Field("DrawCount"), "59");
-    m.Start();
-    const int d = dealer_short ? 59 : 79;
-    ASSERT_EQ(m.b.Field("DrawCount"), std::to_string(d));
-    ASSERT_TRUE(test::EveryCardOnce(m.b.app.game().state(), false));
-    // Both pass until the Draw Pile has come round again.
-    for (int move = 0; move < d + 5; ++move) {
-      m.Send(move % 2 == 0 ? m.b : m.a, {"lblDrawPile", "cmdPlayA"});
-      ExpectAgreement(m.a, m.b);
-      if (testing::Test::HasFatalFailure()) return;
-    }
-    EXPECT_EQ(m.b.Field("DrawPos"), "6");
-    // Once the game is over, the receiving copy deals its own length again.
-    m.Send(m.a, {"cmdQuit"});
-    EXPECT_EQ(m.b.Field("DrawCount"), dealer_short ? "79" : "59");
-  }
-}
-
 TEST(Remote, EveryInvitationIsHeardAndAnsweredAndADealCountsOnlyAfterYes) {
   Match m;
   net::Deal unasked;
@@ -367,10 +339,7 @@ TEST(Remote, SpecialMovesAreOncePerSideAndNobodyPeeks) {
   for (const char* name : {"lblDiscardPile", "cmdSetupTakemA", "lblCardB(3)", "lblCardA(1)"})
     EXPECT_FALSE(m.b.Up(name)) << name << ": the turn is over";
   m.Pump();
-  // Taking the Smackem in plays no click of its own.
-  const int clicks = m.a.platform.clicks;
   m.a.Press({"cmdSmackemB"});
-  EXPECT_EQ(m.a.platform.clicks, clicks);
   EXPECT_FALSE(m.a.C("cmdSetupSmackemB").visible);
   // a un-marks its card, or the Discard Pile: with nothing chosen the button waits.
   m.a.Press({"lblDiscardPile", "lblCardA(2)"});

@@ -44,16 +44,6 @@ TEST(TurnA, ClickingTheMarkedCardAgainLeavesOnlyThePileMarked) {
   EXPECT_EQ(g.Field("MoveCountA"), "0");
 }
 
-TEST(TurnA, FastModeCompletesOnTheSecondClickAndTheHighestMarkWins) {
-  Game g;
-  g.NewGameAFirst({"optFastModeOn"});
-  g.Set("DiscardTop", "77");
-  g.Press({"lblCardA(6)", "lblDiscardPile"});
-  EXPECT_EQ(g.model.state().Card(kSideA, 6), 77);
-  EXPECT_EQ(g.Field("MoveCountA"), "1");
-  EXPECT_FALSE(g.C("cmdPlayA").enabled);
-}
-
 TEST(ComputerTurn, ATakeWaitsOnlyInLearnModeWithoutFastMode) {
   for (int mode = 0; mode < 4; ++mode) {
     const bool fast = mode & 1, learn = mode & 2;

@@ -13,16 +13,6 @@ using namespace bq;
 using namespace bq::qt;
 using namespace bq::qt::test;
 
-namespace {
-
-void WriteFile(const QString& path, const QByteArray& text) {
-  QFile file(path);
-  QVERIFY(file.open(QIODevice::WriteOnly));
-  file.write(text);
-}
-
-}  // namespace
-
 class HelpWindowsTest : public QObject {
   Q_OBJECT
  private slots:
@@ -90,26 +80,6 @@ class HelpWindowsTest : public QObject {
     QVERIFY(report && !s.platform.help_browser()->isVisible());
     report();
     QVERIFY(s.platform.help_browser()->isVisible());
-  }
-
-  void desktopOpenerHearsThatNothingTookTheDocument() {
-    // A stand-in for xdg-open on the PATH answers as the real one does when no application is
-    // registered (exit code 3), or when one took the document (0).
-    QTemporaryDir bin;
-    const QString opener = bin.filePath(QStringLiteral("xdg-open"));
-    const QByteArray path = qgetenv("PATH");
-    qputenv("PATH", bin.path().toUtf8() + ':' + path);
-    for (const int code : {3, 0}) {
-      WriteFile(opener, "#!/bin/sh\nexit " + QByteArray::number(code) + "\n");
-      QFile::setPermissions(opener, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-      QObject owner;
-      bool failed = false;
-      OpenWithDesktop(
-          QUrl::fromLocalFile(opener), [&] { failed = true; }, &owner);
-      QTRY_VERIFY(owner.findChildren<QObject*>().isEmpty());  // the watcher has heard back
-      QCOMPARE(failed, code != 0);
-    }
-    qputenv("PATH", path);
   }
 
   void howToWindowLaysOutThePage() {

@@ -143,10 +143,6 @@ void Screenshots::board() {
       const QColor corner = shot.pixelColor(shot.width() - 4, shot.height() / 2);
       QVERIFY2(dark == (corner.lightness() < 100), qPrintable(corner.name()));
       Save(s.window(), QStringLiteral("screenshot-board-%1-%2-%3.png").arg(Scale(), look, cards));
-      if (Scale() == QLatin1String("100")) {  // maximised on a 1920 x 1080 screen, less a panel
-        s.window()->resize(1920, 1080 - 62);
-        Save(s.window(), QStringLiteral("screenshot-board-1920x1080-%1-%2.png").arg(look, cards));
-      }
     }
     Session s("[Options]\nSetFastMode=1\n");
     PlayUntilAWins(s);

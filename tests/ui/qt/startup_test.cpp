@@ -2,7 +2,6 @@
 #include <QMessageBox>
 #include <QtTest>
 
-#include "ui/qt/app_paths.h"
 #include "ui/qt/command_line.h"
 #include "ui/qt/qt_platform.h"
 
@@ -11,26 +10,6 @@ using namespace bq::qt;
 class StartupTest : public QObject {
   Q_OBJECT
  private slots:
-  void dataAndSettingsLocation() {
-    QTemporaryDir exe, home;
-    const QString config = home.filePath(QStringLiteral("conf/Bramblequay"));
-    const QString file = QStringLiteral("Bramblequay.INI");
-    QVERIFY(QFile(exe.filePath(QStringLiteral("click.wav"))).open(QIODevice::WriteOnly));
-    // A portable copy (a build folder, say) keeps its data and settings beside it.
-    QCOMPARE(ResolveSettingsPath("/x/my.ini", exe.path(), config), "/x/my.ini");
-    QCOMPARE(ResolveSettingsPath(QString(), exe.path(), config), QDir(exe.path()).filePath(file));
-    QCOMPARE(DataDir(exe.path()), exe.path());
-    QVERIFY(!QDir(config).exists());
-    // Installed, the data are in the share folder and the settings in the user's, made on
-    // demand, though the program's folder be writable (to root, say).
-    const QString bin = exe.filePath(QStringLiteral("usr/bin"));
-    const QString share = exe.filePath(QStringLiteral("usr/share/bramblequay"));
-    QVERIFY(QDir().mkpath(bin) && QDir().mkpath(share));
-    QCOMPARE(DataDir(bin), share);
-    QCOMPARE(ResolveSettingsPath(QString(), bin, config), QDir(config).filePath(file));
-    QVERIFY(QDir(config).exists());
-  }
-
   void commandLine() {
     auto read = [](const QStringList& args) -> QString {
       std::vector<std::string> argv;
