@@ -1,13 +1,11 @@
 // Two copies of the program, each run headless and driven line by line, play one another over
 // UDP on 127.0.0.1: set-up, the invitation, the deal and a move.
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <cstdio>
 #include <string>
 
+#include "support/child_process.h"
 #include "support/temp_settings.h"
 
 namespace {
@@ -24,10 +22,8 @@ class Program {
       dup2(from[1], 1);
       close(to[1]);
       close(from[0]);
-      const std::string s = std::to_string(seed);
-      execl(BQ_PROGRAM, BQ_PROGRAM, "--headless", "--settings", settings.c_str(), "--seed",
-            s.c_str(), static_cast<char*>(nullptr));
-      _exit(127);
+      bq::test::Exec(BQ_PROGRAM,
+                     {"--headless", "--settings", settings, "--seed", std::to_string(seed)});
     }
     close(to[0]);
     close(from[1]);

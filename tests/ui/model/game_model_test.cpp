@@ -162,10 +162,9 @@ TEST(JudgementDisplay, FollowsEveryMarkingPassAndLeavesTheCardsToLearnMode) {
   ASSERT_TRUE(g.model.ClickBackground(true));
   EXPECT_FALSE(g.C("lblCardB(1)").visible);  // between games too
   // The computer's Switchem waits for its button with the marks of its last pass on show.
-  g.Press({"chkSwitchem"});
   ASSERT_TRUE(g.model.ClickBackground(true));
-  g.NewGameDealing(
-      {50, 40, 30, 20, 10, 60, 70, 80, 90, 100, 5, 15, 25, 35, 45, 94, 84, 74, 64, 98, 1}, 0.1f);
+  g.NewGameAFirst({"chkSwitchem"});
+  g.Set("Stacks(2)", "5 15 25 35 45 94 84 74 64 98");
   g.Press({"lblCardA(1)", "lblCardA(2)", "cmdSwitchemA"});
   ASSERT_TRUE(g.C("cmdSwitchemC").visible);
   std::string shown;

@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <random>
 #include <string>
-#include <vector>
 
 #include "support/every_card.h"
 #include "ui/model/app_model.h"
@@ -71,21 +69,6 @@ struct Game {
     Set("DiscardTop", "95");
     Press({"lblDiscardPile", "lblCardA(10)", "cmdPlayA"});
   }
-  // Starts a game whose shuffle brings `top` to the top of the deck: side A's Stack, side B's, the
-  // Discard Pile card, then the Draw Pile. `first_mover` is the draw that picks who begins.
-  void NewGameDealing(const std::vector<int>& top, float first_mover) {
-    auto deck = model.state().deck;  // the shuffle starts from the previous game's order
-    for (size_t i = 1; i < deck.size(); ++i) {
-      size_t j = i;
-      while (i <= top.size() && j < deck.size() && deck[j] != top[i - 1]) ++j;
-      ASSERT_LT(j, deck.size());
-      platform.Script({(static_cast<float>(j) - 0.5f) / 100.0f});
-      std::swap(deck[i], deck[j]);
-    }
-    platform.Script({first_mover});
-    ASSERT_TRUE(Click("cmdNew"));
-  }
-
   TempSettings file;
   FakePlatform platform;
   AppModel app{platform, file.path()};

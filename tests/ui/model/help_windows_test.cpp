@@ -26,29 +26,6 @@ TEST(HowTo, ScrollRangeFollowsTheInnerHeight) {
   }
 }
 
-// Where the pieces stand at a position is the window's test; here, the range it stays within.
-TEST(HowTo, ThePositionStaysWithinTheRange) {
-  test::FakePlatform platform;
-  HowToModel how(platform);
-  how.Open();
-  how.Resize(7595);
-  how.Scroll(99999);
-  EXPECT_EQ(how.Position(), 9405);
-  how.Scroll(-5);
-  EXPECT_EQ(how.Position(), 0);
-
-  // A resize keeps the place on the page while it stays in range.
-  how.Scroll(5000);
-  how.Resize(3000);
-  EXPECT_EQ(how.Position(), 5000);
-  how.Resize(14000);
-  EXPECT_EQ(how.Position(), 3320);
-  EXPECT_EQ(how.Top("imgScreenShot"), 12855 - 3320);
-  how.Resize(20000);
-  how.Scroll(500);
-  EXPECT_EQ(how.Position(), 0) << "nothing to scroll on a window taller than the page";
-}
-
 TEST(HelpWindows, HowToIsNeverOpenedByTheGameAndClosesWithTheOthersAtExit) {
   test::TempSettings file;
   test::FakePlatform platform;

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -213,11 +212,15 @@ TEST(Remote, MessagesOutOfTurnOrFromStrangersChangeNothing) {
   EXPECT_EQ(m.b.Field("MoveCountB"), "0");
 }
 
+// The invitation says who sends it; a rejection, a quit and an exit each leave a way back, and
+// the next run offers the connection last set up.
 TEST(Remote, RejectionQuitAndExitEachLeaveAWayBack) {
   Match m;
   m.Send(m.a, {"cmdNew"});
   EXPECT_FALSE(m.b.Up("cmdNew"));
   EXPECT_EQ(m.b.Panel(2), "Invitation received");
+  EXPECT_EQ(m.b.C("frmInvitation.lblFrom").caption,
+            "The invitation comes from 127.0.0.1, port 1001.");
   m.b.Press({"frmInvitation.cmdNo"});
   EXPECT_EQ(m.b.Field("IsDealer"), "1");
   m.Pump();
@@ -252,6 +255,13 @@ TEST(Remote, RejectionQuitAndExitEachLeaveAWayBack) {
   m.b.Press({"cmdExitReceived"});
   EXPECT_EQ(m.b.Field("VsComputer"), "1");
   EXPECT_TRUE(m.b.Up("cmdNew"));
+  // The next run offers the connection last set up, with Send ready.
+  Copy next(m.a.file.Read());
+  next.Press({"optVsHuman", "cmdSetupRemoteOpponent"});
+  const auto box = [&](const char* name) { return next.C(std::string("frmCommunicate.") + name); };
+  EXPECT_EQ(box("txtIPB").caption + " " + box("txtPortB").caption + " " + box("txtPortA").caption,
+            "127.0.0.1 1002 1001");
+  EXPECT_EQ(next.app.communicate().Focus(), "cmdSend");
 }
 
 // Any one message lost on the way: whoever waits in vain presses Quit This Game, and both are
@@ -410,24 +420,6 @@ TEST(Remote, SilenceAndStrangersAreExplainedOnThePromptLine) {
   m.link_a->Arrive("127.0.0.2", 5672, "quit");
   EXPECT_FALSE(says(m.a, stranger));
   EXPECT_EQ(m.Pump(), 0);
-}
-
-// The invitation says who sends it; in the next run the dialog offers the connection last set
-// up, with Send ready.
-TEST(Remote, TheInvitationSaysWhoInvitesAndTheNextRunOffersTheLastConnection) {
-  Match m;
-  m.Send(m.a, {"cmdNew"});
-  EXPECT_EQ(m.b.C("frmInvitation.lblFrom").caption,
-            "The invitation comes from 127.0.0.1, port 1001.");
-  m.b.Press({"frmInvitation.cmdNo"});
-  ASSERT_EQ(m.b.app.Close("frmGame"), AppModel::Result::kDone);
-
-  Copy next(m.b.file.Read());
-  next.Press({"optVsHuman", "cmdSetupRemoteOpponent"});
-  const auto box = [&](const char* name) { return next.C(std::string("frmCommunicate.") + name); };
-  EXPECT_EQ(box("txtIPB").caption + " " + box("txtPortB").caption + " " + box("txtPortA").caption,
-            "127.0.0.1 1001 1002");
-  EXPECT_EQ(next.app.communicate().Focus(), "cmdSend");
 }
 
 TEST(Remote, TheSettingsDialogChecksNothingButTellsWhySetUpFailed) {

@@ -14,7 +14,7 @@ namespace bq::qt {
 class DialogsTest : public QObject {
   Q_OBJECT
  private slots:
-  void communicateDialogMirrorsItsModelAndTakesTyping() {
+  void networkDialogsMirrorTheirModelsAndTakeTypingAndClicks() {
     test::Session s;
     s.front->Click("optVsHuman");
     s.front->Click("cmdSetupRemoteOpponent");
@@ -29,15 +29,11 @@ class DialogsTest : public QObject {
     QCOMPARE(port->toolTip(),
              QStringLiteral("Any integer from 1000 to 9999 except your port number."));
     QTest::mouseClick(view->findChild<QPushButton*>(QStringLiteral("cmdCancel")), Qt::LeftButton);
-    QVERIFY(!view->isVisible());
-    QCOMPARE(s.app->IsOpen("frmCommunicate"), false);
-  }
+    QVERIFY(!view->isVisible() && !s.app->IsOpen("frmCommunicate"));
 
-  void anInvitationOpensItsDialogAndNoClosesIt() {
-    test::Session s;
-    s.front->Click("optVsHuman");
+    // An invitation opens its dialog, and No closes it.
     s.front->Receive("invi");
-    QWidget* view = s.front->View("frmInvitation");
+    view = s.front->View("frmInvitation");
     QVERIFY(view != nullptr && view->isVisible());
     QCOMPARE(test::Mismatches(view, *s.app->Window("frmInvitation")), QStringList());
     // Room for its title in a desktop's bold title bar, beside the bar's buttons.

@@ -1,7 +1,5 @@
-#include <QContextMenuEvent>
 #include <QFontInfo>
 #include <QLabel>
-#include <QMenu>
 #include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
@@ -20,16 +18,6 @@ using namespace bq::qt;
 using namespace bq::qt::test;
 
 namespace {
-
-// The window's background, away from every control.
-QPoint Corner(QWidget* central) {
-  return {central->width() - 3, central->height() - 3};
-}
-
-void RightClick(QWidget* target, QPoint pos) {
-  QContextMenuEvent event(QContextMenuEvent::Mouse, pos, target->mapToGlobal(pos));
-  QApplication::sendEvent(target, &event);
-}
 
 // Check boxes and option buttons take clicks on their indicator only, not on the rest of a
 // stretched widget.
@@ -60,27 +48,6 @@ class GameWindowTest : public QObject {
     item->trigger();
     QTest::mouseClick(s.find("cmdNew"), Qt::LeftButton);  // the options in force turn bold
     QCOMPARE(Mismatches(w, s.game()), QStringList());
-  }
-
-  void popupMenus() {
-    Session s;
-    GameWindow* w = s.window();
-    QVERIFY(QTest::qWaitForWindowExposed(w));
-    QWidget* central = w->centralWidget();
-    QTest::mouseClick(s.find("cmdNew"), Qt::LeftButton);
-    RightClick(central, Corner(central));
-    QTRY_VERIFY(w->formPopup()->isVisible());
-    w->formPopup()->hide();
-    RightClick(central, s.find("lblStackA")->mapTo(central, QPoint(3, 3)));
-    QVERIFY(!w->formPopup()->isVisible());  // a control is not the background
-
-    RightClick(s.find("lblCardA(4)"), QPoint(5, 5));
-    QTRY_VERIFY(w->cardPopup()->isVisible());
-    const int discard = s.game().state().discard_top;
-    s.find<QAction>("mnuPopupCardDiscard")->trigger();
-    w->cardPopup()->hide();
-    QCOMPARE(s.game().state().move_count_a, 1);
-    QCOMPARE(s.game().state().stacks[kSideA][4], discard);
   }
 
   void keyboardPlay() {
@@ -127,26 +94,6 @@ class GameWindowTest : public QObject {
     };
     for (const auto& [key, modifiers, scan, target] : keys)
       QCOMPARE(QString::fromStdString(GameWindow::KeyTarget(key, modifiers, scan)), target);
-  }
-
-  void ctrlAltBackgroundClickTogglesJudgement() {
-    Session s;
-    GameWindow* w = s.window();
-    QVERIFY(QTest::qWaitForWindowExposed(w));
-    Press(s.find("optFastModeOn"));
-    QWidget* central = w->centralWidget();
-    const auto ctrl_alt = Qt::ControlModifier | Qt::AltModifier;
-    QTest::mouseClick(central, Qt::LeftButton, Qt::NoModifier, Corner(central));
-    QTest::mouseClick(central, Qt::LeftButton, ctrl_alt,
-                      s.find("lblStackA")->mapTo(central, QPoint(3, 3)));
-    QVERIFY(!s.game().judgement_shown());
-    for (const bool shown : {true, false}) {
-      QTest::mouseClick(central, Qt::LeftButton, ctrl_alt, Corner(central));
-      QCOMPARE(s.game().judgement_shown(), shown);
-      QCOMPARE(s.find("lblRangeA(1)")->isHidden(), !shown);
-      QCOMPARE(Mismatches(w, s.game()), QStringList());
-    }
-    QVERIFY(s.find<QAbstractButton>("optFastModeOn")->isChecked());
   }
 
   void statisticsWindowAndConfirmation() {

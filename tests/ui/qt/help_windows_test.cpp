@@ -1,12 +1,10 @@
 #include <QFile>
 #include <QImage>
 #include <QLabel>
-#include <QScrollBar>
 #include <QTextBrowser>
 #include <QtTest>
 
 #include "qt_fixture.h"
-#include "ui/model/how_to_model.h"
 #include "ui/qt/app_paths.h"
 
 using namespace bq;
@@ -80,33 +78,6 @@ class HelpWindowsTest : public QObject {
     QVERIFY(report && !s.platform.help_browser()->isVisible());
     report();
     QVERIFY(s.platform.help_browser()->isVisible());
-  }
-
-  void howToWindowLaysOutThePage() {
-    Session s;
-    s.app->how_to().Open();  // no command of the game does this
-    auto* how = s.front->View("frmHowTo");
-    QVERIFY(how != nullptr && QTest::qWaitForWindowExposed(how));
-    QCOMPARE(how->size(), QSize(510, 533));  // 7650 x 8000 twips
-    QCOMPARE(Mismatches(how, *s.app->Window("frmHowTo")), QStringList());
-    auto* bar = how->findChild<QScrollBar*>("VScroll");
-    for (const int height : {300, 1300}) {
-      how->resize(510, height);
-      QCOMPARE(bar->maximum(), std::max(s.app->how_to().ScrollMax(), 0));
-      QCOMPARE(bar->height(), height);
-    }
-    how->resize(510, 533);
-    bar->setValue(3000);  // as a drag of the thumb would
-    QCOMPARE(s.app->how_to().Position(), 3000);
-    QCOMPARE(how->findChild<QLabel*>("ImgText")->y(), -200);
-    how->resize(400, 300);
-    QTest::keyClick(how, Qt::Key_Escape);
-    QVERIFY(!s.app->IsOpen("frmHowTo"));
-    s.app->how_to().Open();
-    QCOMPARE(bar->value(), 0);
-    QCOMPARE(how->size(), QSize(510, 533));
-    s.find<QAction>("mnuFileExit")->trigger();
-    QVERIFY(!how->isVisible());
   }
 };
 
