@@ -35,6 +35,14 @@ GameState Position(std::initializer_list<int> a, std::initializer_list<int> b,
   return g;
 }
 
+// Whose turn, the result, the phase and both move counts, as one line.
+std::string Turn(const GameState& g) {
+  const char* phase[] = {"opening", "play", "decided"};
+  return "turn " + std::to_string(g.turn_owner) + " result " + std::to_string(g.turn_result) + " " +
+         phase[static_cast<int>(g.phase)] + " moves " + std::to_string(g.move_count_a) + "/" +
+         std::to_string(g.move_count_b);
+}
+
 bool InOrder(const GameState& g, int side) {
   bool up = true, down = true;
   for (int k = 1; k < g.stack_size; ++k) {
@@ -64,11 +72,7 @@ TEST(Referee, EachKindOfMoveTestsTheStacksItShould) {
   EXPECT_EQ(g.discard_top, 90);
   // Side B's pass tests both Stacks; the winner keeps the turn.
   ASSERT_TRUE(Apply(g, {K::kPass, kSideB}, rng));
-  EXPECT_EQ(g.turn_result, kBInOrder);
-  EXPECT_EQ(g.phase, Phase::kDecided);
-  EXPECT_EQ(g.turn_owner, kSideB);
-  EXPECT_EQ(g.move_count_a, 1);
-  EXPECT_EQ(g.move_count_b, 1);
+  EXPECT_EQ(Turn(g), "turn 2 result 2 decided moves 1/1");
 
   // Side A's take that completes its own Stack.
   g = Position({55, 12, 20, 30, 40, 50, 60, 70, 80, 90}, {9, 1, 2, 3, 4, 5, 6, 7, 8, 10});
@@ -163,8 +167,7 @@ TEST(Referee, BackemTurnsSideBsStackRoundAndOnlyMarksSideAs) {
   ASSERT_TRUE(Apply(g, {K::kBackem, kSideA}, rng));
   EXPECT_TRUE(g.a_reversed);
   EXPECT_EQ(g.stacks, before.stacks);
-  EXPECT_EQ(g.turn_owner, kSideA);
-  EXPECT_EQ(g.move_count_a, 0);
+  EXPECT_EQ(Turn(g), "turn 1 result 0 play moves 0/0");
   EXPECT_FALSE(IsLegal(g, {K::kBackem, kSideA}));
   ASSERT_TRUE(Apply(g, {K::kPass, kSideA}, rng));
   ASSERT_TRUE(Apply(g, {K::kBackem, kSideB}, rng));
@@ -181,8 +184,7 @@ TEST(Referee, OpeningThenPlayAndAResultAtTheDealStands) {
   ScriptedRng rng;
   GameState g = Position(a, b);
   BeginGame(g, With({kSwitchem}), kDrawnFirst, rng);
-  EXPECT_EQ(g.phase, Phase::kOpening);
-  EXPECT_EQ(g.turn_owner, kSideA);
+  EXPECT_EQ(Turn(g), "turn 1 result 0 opening moves 0/0");
   EXPECT_EQ(rng.draws(), 0);
   EXPECT_FALSE(IsLegal(g, {K::kSwitchem, kSideA, 2, 2}));
   EXPECT_FALSE(IsLegal(g, {K::kSwitchem, kSideA}));
@@ -193,11 +195,8 @@ TEST(Referee, OpeningThenPlayAndAResultAtTheDealStands) {
   rng.Script({0.7f});
   // Side B's swap that puts its Stack in order ends the opening and decides the game there.
   ASSERT_TRUE(Apply(g, {K::kSwitchem, kSideB, 1, 2}, rng));
-  EXPECT_EQ(g.turn_result, kBInOrder);
-  EXPECT_EQ(g.phase, Phase::kPlay);
-  EXPECT_EQ(g.turn_owner, kSideB);
+  EXPECT_EQ(Turn(g), "turn 2 result 2 play moves 1/1");
   EXPECT_EQ(rng.draws(), 1);
-  EXPECT_EQ(g.move_count_a + g.move_count_b, 2);
 
   // On the dealer's copy of a network game side B opens and moves first: nothing is drawn.
   g = Position(a, b);
@@ -207,28 +206,21 @@ TEST(Referee, OpeningThenPlayAndAResultAtTheDealStands) {
   // Side A's swap puts its Stack in order and ends the opening: both are tested. The result
   // stands, and play starts all the same.
   ASSERT_TRUE(Apply(g, {K::kSwitchem, kSideA, 9, 10}, rng));
-  EXPECT_EQ(g.turn_result, kAInOrder);
-  EXPECT_EQ(g.phase, Phase::kPlay);
-  EXPECT_EQ(g.turn_owner, kSideB);
+  EXPECT_EQ(Turn(g), "turn 2 result 1 play moves 1/1");
   EXPECT_EQ(rng.draws(), 1);
 
   // A dealt Stack in order decides the game, and play goes on with that result standing: a move
   // that breaks the order changes nothing, and neither does a later order.
   g = Position({10, 20, 30, 40, 50, 60, 70, 80, 90, 95}, b);
   BeginGame(g, With({kSwitchem}), kDrawnFirst, rng);
-  EXPECT_EQ(g.turn_result, kAInOrder);
-  EXPECT_EQ(g.phase, Phase::kOpening);
+  EXPECT_EQ(Turn(g), "turn 1 result 1 opening moves 0/0");
   ASSERT_TRUE(Apply(g, {K::kSwitchem, kSideA, 1, 2}, rng));
   rng.Script({0.7f});
   ASSERT_TRUE(Apply(g, {K::kSwitchem, kSideB}, rng));
-  EXPECT_EQ(g.turn_result, kAInOrder);
-  EXPECT_EQ(g.phase, Phase::kPlay);
-  ASSERT_EQ(g.turn_owner, kSideB);
+  ASSERT_EQ(Turn(g), "turn 2 result 1 play moves 1/1");
   g.discard_top = 25;
   ASSERT_TRUE(Apply(g, {K::kTakeDiscard, kSideB, 2}, rng));  // side B's Stack is in order now
-  EXPECT_EQ(g.turn_result, kAInOrder);
-  EXPECT_EQ(g.phase, Phase::kPlay);
-  EXPECT_EQ(g.turn_owner, kSideA);
+  EXPECT_EQ(Turn(g), "turn 1 result 1 play moves 1/2");
 }
 
 TEST(Referee, AReceivedDealIsLaidOutWholeOrNotAtAll) {

@@ -1,4 +1,5 @@
-// Two real UDP endpoints on 127.0.0.1, and a third that nobody listens to.
+// Two real UDP endpoints on 127.0.0.1, and a third that nobody listens to; the same through the
+// loaded network module.
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
@@ -61,6 +62,24 @@ TEST(UdpLink, OnlyTheOpponentReachesTheGame) {
   EXPECT_EQ(a.link.Configure("127.0.0.1", pb, FreePort()), "");
   EXPECT_EQ(a.link.LocalPort(), pa);
   EXPECT_EQ(a.link.Configure("[::1]", pb, 0), "");
+}
+
+// The program's link: the module loaded when first needed carries messages both ways.
+TEST(UdpLink, TheLoadedModuleCarriesMessagesBothWays) {
+  LoadedLink a(BQ_NET_MODULE), b(BQ_NET_MODULE);
+  std::string got;
+  a.SetReceiver([&](const std::string& m) { got += "a:" + m; });
+  b.SetReceiver([&](const std::string& m) { got += "b:" + m; });
+  const long pa = FreePort(), pb = FreePort();
+  ASSERT_EQ(a.Configure("127.0.0.1", pb, pa), "");
+  ASSERT_EQ(b.Configure("127.0.0.1", pa, pb), "");
+  a.Send("invi");
+  ASSERT_TRUE(RunUntil([&] { return got == "b:invi"; }));
+  b.Send("acce");
+  ASSERT_TRUE(RunUntil([&] { return got == "b:invia:acce"; }));
+  EXPECT_EQ(
+      LoadedLink("/nowhere/module.so").Configure("127.0.0.1", pb, pa).rfind("The program's", 0),
+      0u);
 }
 
 TEST(UdpLink, FailuresSayWhatToChange) {

@@ -62,10 +62,6 @@ TEST(Settings, DefaultsForMissingEmptyAndJunkFiles) {
     if (std::string(text) != "(missing)") file.Write(text);
     EXPECT_EQ(LoadSettings(file.path()), Settings{}) << text;
   }
-  const Settings s;
-  EXPECT_EQ(s.options, (StoredOptions{0, 0, 0, 0, 0, 0, 1, 2, 2}));
-  EXPECT_TRUE(s.left == 0 && s.top == 0 && s.sound && s.ask_before_abandoning && !s.expert);
-  EXPECT_EQ(s.stats, AllStats{});
 }
 
 TEST(Settings, FullWriteHasAll67KeysInOrderThenOursAndReadsBack) {
