@@ -62,6 +62,22 @@ TEST(ExpertTest, NamesItsDirectionBeforeItsFirstMove) {
   }
 }
 
+// The Classic computer that turns its Stack round in the opening then makes the swap it chose
+// with the turn: judged afresh, this rare deal would have it turn again.
+TEST(ComputerSeatTest, TheOpeningSwapChosenWithTheReversalFollowsIt) {
+  test::ScriptedRng rng(15942);
+  GameState g;
+  g.Init();
+  NewGame(g, OptionSet{false, true, true}, kSideB, rng);  // Backem and Switchem
+  ComputerSeat seat(kSideB);
+  seat.NewGame(g);
+  const Move turn = seat.Choose(g, rng);
+  ASSERT_EQ(turn.kind, MoveKind::kBackem);
+  ASSERT_TRUE(Apply(g, turn, rng));
+  seat.Applied(g, turn);
+  EXPECT_EQ(seat.Choose(g, rng), (Move{MoveKind::kSwitchem, kSideB, 7, 5}));
+}
+
 // Unseen are the cards that were never face up to the seat: not its own, not the Discard Pile's
 // (covered ones too), not the opponent's taken from it, and the Draw Pile card once looked at.
 TEST(SeatViewTest, UnseenLeavesOutEveryCardThatWasFaceUp) {

