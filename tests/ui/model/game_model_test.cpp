@@ -159,6 +159,7 @@ TEST(JudgementDisplay, FollowsEveryMarkingPassAndLeavesTheCardsToLearnMode) {
   Game g;
   ASSERT_TRUE(g.model.ClickBackground(true));
   EXPECT_TRUE(g.C("lblCardB(1)").visible);
+  EXPECT_FALSE(g.Click("lblRangeA(1)") || g.Click("lblGoodBad(1)")) << "labels take no clicks";
   ASSERT_TRUE(g.model.ClickBackground(true));
   EXPECT_FALSE(g.C("lblCardB(1)").visible);  // between games too
   // The computer's Switchem waits for its button with the marks of its last pass on show.

@@ -374,6 +374,9 @@ TEST(Remote, SpecialMovesAreOncePerSideAndNobodyPeeks) {
   m.Pump();
   m.a.Press({"cmdTakemB"});
   EXPECT_FALSE(m.a.C("cmdSetupTakemB").visible);
+  m.a.platform.now_ms = 60000;  // a's own turn now: nobody to wait for
+  m.a.app.Tick();
+  EXPECT_EQ(m.a.C("lblPrompt").caption.find("No word"), std::string::npos);
   m.Send(m.a, {"lblDrawPile", "cmdPlayA"});
   ExpectAgreement(m.a, m.b);
   for (const char* again : {"take 2 2", "smac 1 2"}) {
