@@ -128,6 +128,9 @@ TEST(Program, QtsOwnOptionsGoToQt) {
                                  options);
   EXPECT_EQ(ExitCode(r), 0) << r.err;
   EXPECT_NE(file.Read().find("SetStackem=0"), std::string::npos) << "ran, and exited properly";
+  const ChildResult help = RunChild(kProgram, {"--help"});
+  for (const char* ours : {"--headless", "--settings FILE", "--seed N", "--screen-width PIXELS"})
+    EXPECT_NE(help.out.find(ours), std::string::npos) << ours;
 }
 
 }  // namespace

