@@ -68,18 +68,6 @@ TEST(Profile, SettingKeysKeepsEveryOtherLine) {
   EXPECT_EQ(p.Text(), "[Options]\r\nSetStackem=1\r\nSetBackem=2\r\n") << "CRLF stays CRLF";
 }
 
-TEST(Profile, BinaryJunkReadsAsNothingAndSurvivesAWrite) {
-  test::TempSettings file;
-  std::string junk;
-  for (int i = 0; i < 2000; ++i) junk += static_cast<char>((i * 37 + 11) % 255 + 1);
-  file.Write(junk + "[=]\n");
-  Profile p = Loaded(file);
-  p.SetString("Options", "SetStackem", "1");
-  ASSERT_TRUE(p.Write(file.path()));
-  EXPECT_EQ(file.Read().rfind(junk, 0), 0u);
-  EXPECT_EQ(GetProfileInt(file.path(), "Options", "SetStackem", 0), 1);
-}
-
 TEST(Profile, LineEndsAndAByteOrderMarkSurviveAWrite) {
   const std::string bom = "\xEF\xBB\xBF";
   const std::string text = bom + "[WindowPosition]\nLeft=5\r\n;odd\rline\n[Options]\nSetStackem=1";

@@ -165,6 +165,7 @@ TEST(JudgementDisplay, FollowsEveryMarkingPassAndLeavesTheCardsToLearnMode) {
   // The computer's Switchem waits for its button with the marks of its last pass on show.
   ASSERT_TRUE(g.model.ClickBackground(true));
   g.NewGameAFirst({"chkSwitchem"});
+  EXPECT_FALSE(g.Up("lblCardB(1)")) << "shown, but not for the player's Switchem";
   g.Set("Stacks(2)", "5 15 25 35 45 94 84 74 64 98");
   g.Press({"lblCardA(1)", "lblCardA(2)", "cmdSwitchemA"});
   ASSERT_TRUE(g.C("cmdSwitchemC").visible);

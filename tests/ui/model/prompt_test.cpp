@@ -160,6 +160,11 @@ TEST(PromptLine, AMoveOnShowThenTheResultWhichStaysUntilTheNextGame) {
   g.NewGameAFirst();
   EXPECT_EQ(g.C("lblPrompt").caption.find("won"), std::string::npos);
   EXPECT_EQ(g.C("lblMoveList(1)").caption, "");
+  // The Hint's advice gives way to the next step once the player takes one of their own.
+  g.Press({"mnuHint"});
+  EXPECT_EQ(g.C("lblPrompt").caption.rfind("Hint: ", 0), 0u);
+  g.Press({"lblDiscardPile"});
+  EXPECT_EQ(g.C("lblPrompt").caption.rfind("Choose the card of your Stack", 0), 0u);
 }
 
 // What the prompt line says after each step of a turn and of the special moves' set-ups.
