@@ -414,6 +414,8 @@ TEST(Remote, SilenceAndStrangersAreExplainedOnThePromptLine) {
   EXPECT_FALSE(says(m.a, silence));
   at(m.a, 59999);  // now a waits for b's first move: the count starts again
   EXPECT_FALSE(says(m.a, silence));
+  at(m.a, 60000);
+  EXPECT_TRUE(says(m.a, silence));
   // A stranger is named once; the game goes on untouched.
   m.link_a->Arrive("127.0.0.2", 5672, "quit");
   EXPECT_TRUE(says(m.a, stranger));
