@@ -455,7 +455,13 @@ TEST(Remote, TheSettingsDialogChecksNothingButTellsWhySetUpFailed) {
   EXPECT_FALSE(c.app.IsOpen("frmCommunicate"));
   EXPECT_EQ(c.Panel(1), "Opponent host.example");
   EXPECT_TRUE(c.Up("cmdNew"));
-  EXPECT_EQ(la->LocalPort(), 2000);
+  // Sent again with another port of its own: the copy stays bound as it was, and says so.
+  c.app.communicate().Open();
+  c.Type("frmCommunicate.txtPortA", "3000");
+  c.Press({"frmCommunicate.cmdSend"});
+  c.app.communicate().Open();
+  EXPECT_EQ(c.C("frmCommunicate.txtPortA").caption + " " + std::to_string(la->LocalPort()),
+            "2000 2000");
 }
 
 }  // namespace
